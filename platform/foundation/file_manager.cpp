@@ -1,0 +1,162 @@
+#include "platform/foundation/file_manager.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <fstream>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kPrivateVar = "/private/var";
+constexpr std::string_view kVar = "/var";
+constexpr mode_t kFileMode = 0644;
+constexpr std::uintmax_t kLargestFile = 256 << 20;  // Bytes; no file of the device comes near it.
+constexpr const char* kTemporaryName = ".write-XXXXXX";
+
+/// An open file descriptor, closed at the end of its scope.
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() {
+    if (isOpen()) ::close(number_);
+  }
+
+  bool isOpen() const { return number_ >= 0; }
+  int number() const { return number_; }
+  bool sync() const { return ::fsync(number_) == 0; }
+
+  bool write(const NSData& data) const {
+    for (std::size_t written = 0; written < data.size();) {
+      const ssize_t count = ::write(number_, data.data() + written, data.size() - written);
+      if (count < 0 && errno == EINTR) continue;
+      if (count <= 0) return false;
+      written += static_cast<std::size_t>(count);
+    }
+    return true;
+  }
+
+ private:
+  int number_;
+};
+
+/// The one spelling of a device path: no "." and "..", no doubled or trailing slash, /var for /private/var.
+std::string standardizedPath(std::string_view devicePath) {
+  fs::path normal = fs::path(devicePath).lexically_normal();
+  if (!normal.has_filename()) normal = normal.parent_path();
+  std::string path = normal.string();
+  const bool isPrivate =
+      path.starts_with(kPrivateVar) && (path.size() == kPrivateVar.size() || path[kPrivateVar.size()] == '/');
+  if (isPrivate) path.replace(0, kPrivateVar.size(), kVar);
+  return path;
+}
+
+bool liesWithin(const fs::path& path, const fs::path& folder) {
+  return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first == folder.end();
+}
+
+/// True when a link is left in a path below `folder` that has been made canonical: a link that leads to
+/// nothing yet, and would lead outside once something is written through it.
+bool hasDanglingLink(fs::path path, const fs::path& folder) {
+  std::error_code error;
+  for (; path != folder && path.has_relative_path(); path = path.parent_path()) {
+    if (fs::is_symlink(fs::symlink_status(path, error))) return true;
+  }
+  return false;
+}
+
+bool writePlain(const fs::path& path, const NSData& data) {
+  const Descriptor file(
+      ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, kFileMode));
+  return file.isOpen() && file.write(data);
+}
+
+bool writeAtomically(const fs::path& path, const NSData& data) {
+  std::string temporary = (path.parent_path() / kTemporaryName).string();
+  const Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
+  if (!file.isOpen()) return false;
+  const bool replaced = file.write(data) && ::fchmod(file.number(), kFileMode) == 0 && file.sync() &&
+                        ::rename(temporary.c_str(), path.c_str()) == 0;
+  if (!replaced) {
+    ::unlink(temporary.c_str());
+    return false;
+  }
+  // The new name has to be on the disk too. Where a folder cannot be synced the file stands all the same.
+  const Descriptor folder(::open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (folder.isOpen()) folder.sync();
+  return true;
+}
+
+}  // namespace
+
+NSFileManager& NSFileManager::defaultManager() {
+  static auto& manager = *new NSFileManager();  // Files may be written to the very end of the process.
+  return manager;
+}
+
+void NSFileManager::setRoot(fs::path root) {
+  std::error_code error;
+  root_ = root.empty() ? root : fs::weakly_canonical(fs::absolute(root, error), error);
+  if (!root_.has_filename()) root_ = root_.parent_path();
+}
+
+std::optional<fs::path> NSFileManager::resolve(std::string_view devicePath) const {
+  const bool isAbsolute = devicePath.starts_with('/');
+  const bool holdsNul = devicePath.find('\0') != std::string_view::npos;
+  if (root_.empty() || !isAbsolute || holdsNul) return std::nullopt;
+
+  const fs::path path = root_ / fs::path(standardizedPath(devicePath)).relative_path();
+  std::error_code error;
+  const fs::path real = fs::weakly_canonical(path, error);
+  if (error || !liesWithin(real, root_) || hasDanglingLink(real, root_)) return std::nullopt;
+  return real;
+}
+
+bool NSFileManager::fileExists(std::string_view devicePath) const {
+  const auto path = resolve(devicePath);
+  std::error_code error;
+  return path && fs::exists(*path, error);
+}
+
+std::vector<std::string> NSFileManager::contentsOfDirectory(std::string_view devicePath) const {
+  std::vector<std::string> names;
+  const auto path = resolve(devicePath);
+  if (!path) return names;
+  std::error_code error;
+  for (fs::directory_iterator entry(*path, error), end; !error && entry != end; entry.increment(error)) {
+    names.push_back(entry->path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::optional<NSData> NSFileManager::contents(std::string_view devicePath) const {
+  const auto path = resolve(devicePath);
+  std::error_code error;
+  if (!path || !fs::is_regular_file(*path, error)) return std::nullopt;
+  const std::uintmax_t size = fs::file_size(*path, error);
+  std::ifstream stream(*path, std::ios::binary);
+  if (error || size > kLargestFile || !stream) return std::nullopt;
+  NSData data(size);
+  stream.read(reinterpret_cast<char*>(data.data()), static_cast<std::streamsize>(size));
+  if (stream.bad()) return std::nullopt;
+  data.resize(static_cast<std::size_t>(stream.gcount()));
+  return data;
+}
+
+bool NSFileManager::write(std::string_view devicePath, const NSData& data, Writing writing) {
+  const auto path = resolve(devicePath);
+  if (!path || *path == root_) return false;
+  std::error_code error;
+  const fs::file_status status = fs::status(*path, error);
+  if (fs::exists(status) && !fs::is_regular_file(status)) return false;
+  fs::create_directories(path->parent_path(), error);
+  return writing == Writing::Atomic ? writeAtomically(*path, data) : writePlain(*path, data);
+}

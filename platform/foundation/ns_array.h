@@ -1,0 +1,9 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/// An array of strings, shared by reference as the frameworks share theirs; a null reference is no array.
+using NSStringArray = std::vector<std::string>;
+using NSStringArrayRef = std::shared_ptr<const NSStringArray>;
