@@ -1,0 +1,117 @@
+#include "platform/coregraphics/cg_image.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "platform/coregraphics/pixel_format.h"
+
+namespace {
+
+constexpr CGPixelFormat kGray{8, 8, CGColorSpace::DeviceGray, kCGImageAlphaNone};
+
+std::size_t bytesInRow(int width, const CGPixelFormat& format) {
+  return std::size_t(width) * format.bytesPerPixel();
+}
+
+/// True when `available` bytes hold `height` rows, the last one only as long as its pixels.
+bool suffices(std::size_t available, std::size_t rowBytes, std::size_t bytesPerRow, int height) {
+  if (bytesPerRow < rowBytes || available < rowBytes) return false;
+  const std::size_t fullRows = std::size_t(height) - 1;
+  // Divided rather than multiplied: the product may not fit.
+  return fullRows == 0 || (available - rowBytes) / fullRows >= bytesPerRow;
+}
+
+/// A whole number of pixels as an index from 0 to `limit`, whatever its size.
+int pixelIndex(CGFloat whole, int limit) {
+  if (!(whole > 0)) return 0;
+  return whole >= CGFloat(limit) ? limit : int(whole);
+}
+
+/// The whole pixels, out of `limit`, that the stretch from `origin` on touches, wherever its length points
+/// to.
+struct PixelRange {
+  int begin, end;
+};
+PixelRange pixelRange(CGFloat origin, CGFloat length, int limit) {
+  const auto [low, high] = std::minmax({origin, origin + length});
+  return {pixelIndex(std::floor(low), limit), pixelIndex(std::ceil(high), limit)};
+}
+
+bool isFinite(CGRect rect) {
+  return std::isfinite(rect.origin.x) && std::isfinite(rect.origin.y) && std::isfinite(rect.size.width) &&
+         std::isfinite(rect.size.height);
+}
+
+}  // namespace
+
+CGImage::CGImage(int width, int height, CGPixelFormat format, std::size_t bytesPerRow, Pixels pixels,
+                 std::size_t offset)
+    : width_(width),
+      height_(height),
+      format_(format),
+      bytesPerRow_(bytesPerRow),
+      pixels_(std::move(pixels)),
+      offset_(offset) {}
+
+bool CGImage::isSupported(const CGPixelFormat& format) {
+  if (format == kGray) return true;
+  if (format.bitsPerComponent != 8 || format.bitsPerPixel != 32 ||
+      format.colorSpace != CGColorSpace::DeviceRGB) {
+    return false;
+  }
+  switch (format.bitmapInfo) {
+    case kCGImageAlphaPremultipliedLast:
+    case kCGImageAlphaNoneSkipLast:
+    case kCGImageAlphaPremultipliedFirstLittle:
+    case kCGImageAlphaNoneSkipFirstLittle:
+      return true;
+    default:
+      return false;
+  }
+}
+
+CGImageRef CGImage::create(int width, int height, CGPixelFormat format, std::size_t bytesPerRow,
+                           Pixels pixels, std::size_t offset) {
+  if (width <= 0 || height <= 0 || !isSupported(format) || !pixels || offset > pixels->size()) return nullptr;
+  if (!suffices(pixels->size() - offset, bytesInRow(width, format), bytesPerRow, height)) return nullptr;
+  return CGImageRef(new CGImage(width, height, format, bytesPerRow, std::move(pixels), offset));
+}
+
+CGImageRef CGImage::inScreenFormat(const CGImageRef& self) {
+  if (!self || isInScreenFormat(self->row(0), self->bytesPerRow_, self->format_)) return self;
+  const CGPixelFormat screen = screenFormatFor(self->format_);
+  const std::size_t bytesPerRow = bytesInRow(self->width_, screen);
+  auto pixels = std::make_shared<std::vector<std::uint8_t>>(bytesPerRow * std::size_t(self->height_));
+  for (int y = 0; y < self->height_; ++y) {
+    convertPixels(self->row(y), self->format_, pixels->data() + std::size_t(y) * bytesPerRow, screen,
+                  self->width_);
+  }
+  return create(self->width_, self->height_, screen, bytesPerRow, std::move(pixels));
+}
+
+CGImageRef CGImageCreateWithImageInRect(const CGImageRef& image, CGRect rect) {
+  if (!image || !isFinite(rect)) return nullptr;
+  const PixelRange columns = pixelRange(rect.origin.x, rect.size.width, image->width_);
+  const PixelRange rows = pixelRange(rect.origin.y, rect.size.height, image->height_);
+  const std::size_t offset = image->offset_ + std::size_t(rows.begin) * image->bytesPerRow_ +
+                             bytesInRow(columns.begin, image->format_);
+  return CGImage::create(columns.end - columns.begin, rows.end - rows.begin, image->format_,
+                         image->bytesPerRow_, image->pixels_, offset);
+}
+
+std::size_t CGImageGetWidth(const CGImageRef& image) { return image ? std::size_t(image->width()) : 0; }
+std::size_t CGImageGetHeight(const CGImageRef& image) { return image ? std::size_t(image->height()) : 0; }
+std::size_t CGImageGetBitsPerComponent(const CGImageRef& image) {
+  return image ? image->format().bitsPerComponent : 0;
+}
+std::size_t CGImageGetBitsPerPixel(const CGImageRef& image) {
+  return image ? image->format().bitsPerPixel : 0;
+}
+std::size_t CGImageGetBytesPerRow(const CGImageRef& image) { return image ? image->bytesPerRow() : 0; }
+
+std::vector<std::uint8_t> CGDataProviderCopyData(const CGImageRef& image) {
+  if (!image) return {};
+  const std::uint8_t* end = image->row(image->height() - 1) + bytesInRow(image->width(), image->format());
+  return {image->row(0), end};
+}

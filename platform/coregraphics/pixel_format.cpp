@@ -1,0 +1,83 @@
+#include "platform/coregraphics/pixel_format.h"
+
+#include <algorithm>
+#include <climits>
+
+namespace {
+
+constexpr std::uint8_t kOpaque = 255;
+constexpr std::size_t kWord = 4;
+
+bool isGray(const CGPixelFormat& format) { return format.colorSpace == CGColorSpace::DeviceGray; }
+
+bool hasAlpha(const CGPixelFormat& format) {
+  return format.bitmapInfo == kCGImageAlphaPremultipliedLast ||
+         format.bitmapInfo == kCGImageAlphaPremultipliedFirstLittle;
+}
+
+bool isScreenLayout(CGBitmapInfo info) {
+  return info == kCGImageAlphaPremultipliedFirstLittle || info == kCGImageAlphaNoneSkipFirstLittle;
+}
+
+/// Where in a 32-bit pixel red and blue are; green is between them and the fourth byte last in every layout.
+struct ColorBytes {
+  std::size_t red, blue;
+};
+constexpr std::size_t kGreenByte = 1;
+constexpr std::size_t kFourthByte = 3;
+
+ColorBytes colorBytes(const CGPixelFormat& format) {
+  return isScreenLayout(format.bitmapInfo) ? ColorBytes{2, 0} : ColorBytes{0, 2};
+}
+
+/// Rec. 601 luma; the weights add up to 256.
+std::uint8_t luma(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
+  return std::uint8_t((77 * red + 150 * green + 29 * blue + 128) >> 8);
+}
+
+void convertGray(const std::uint8_t* from, std::uint8_t* to, int count) {
+  for (; count > 0; --count, ++from, to += kWord) {
+    to[0] = to[1] = to[2] = *from;
+    to[kFourthByte] = kOpaque;
+  }
+}
+
+void convertToGray(const std::uint8_t* from, ColorBytes bytes, std::uint8_t* to, int count) {
+  for (; count > 0; --count, from += kWord, ++to)
+    *to = luma(from[bytes.red], from[kGreenByte], from[bytes.blue]);
+}
+
+}  // namespace
+
+CGPixelFormat screenFormatFor(const CGPixelFormat& format) {
+  CGPixelFormat screen;
+  screen.bitmapInfo =
+      hasAlpha(format) ? kCGImageAlphaPremultipliedFirstLittle : kCGImageAlphaNoneSkipFirstLittle;
+  return screen;
+}
+
+bool isInScreenFormat(const std::uint8_t* data, std::size_t bytesPerRow, const CGPixelFormat& format) {
+  return isScreenLayout(format.bitmapInfo) && reinterpret_cast<std::uintptr_t>(data) % kWord == 0 &&
+         bytesPerRow % kWord == 0 && bytesPerRow <= INT_MAX;
+}
+
+void convertPixels(const std::uint8_t* from, const CGPixelFormat& fromFormat, std::uint8_t* to,
+                   const CGPixelFormat& toFormat, int count) {
+  if (fromFormat == toFormat && (isGray(fromFormat) || hasAlpha(fromFormat))) {
+    std::copy_n(from, std::size_t(count) * fromFormat.bytesPerPixel(), to);
+  } else if (isGray(fromFormat)) {
+    convertGray(from, to, count);
+  } else if (isGray(toFormat)) {
+    convertToGray(from, colorBytes(fromFormat), to, count);
+  } else {
+    const ColorBytes source = colorBytes(fromFormat);
+    const ColorBytes target = colorBytes(toFormat);
+    const bool keepsAlpha = hasAlpha(fromFormat) && hasAlpha(toFormat);
+    for (; count > 0; --count, from += kWord, to += kWord) {
+      to[target.red] = from[source.red];
+      to[kGreenByte] = from[kGreenByte];
+      to[target.blue] = from[source.blue];
+      to[kFourthByte] = keepsAlpha ? from[kFourthByte] : kOpaque;
+    }
+  }
+}

@@ -1,0 +1,216 @@
+// PNG, with libpng.
+
+#include <png.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/coregraphics/error_jump.h"
+#include "platform/coregraphics/image_codec.h"
+#include "platform/coregraphics/image_decoders.h"
+
+namespace {
+
+constexpr std::size_t kSignatureLength = 8;
+constexpr int kBytesPerPixel = 4;
+constexpr int kAlphaByte = 3;
+constexpr int kMaxComponent = 255;
+constexpr int kComponentBits = 8;
+
+[[noreturn]] void fail(png_structp png, png_const_charp) {
+  static_cast<ErrorJump*>(png_get_error_ptr(png))->fail();
+}
+
+void ignoreWarning(png_structp, png_const_charp) {}
+
+std::uint8_t premultiplied(int component, int alpha) {
+  return std::uint8_t((component * alpha + kMaxComponent / 2) / kMaxComponent);
+}
+
+std::uint8_t unpremultiplied(int component, int alpha) {
+  return std::uint8_t(std::min((component * kMaxComponent + alpha / 2) / alpha, kMaxComponent));
+}
+
+void premultiplyRow(std::uint8_t* pixel, std::uint32_t width) {
+  for (; width > 0; --width, pixel += kBytesPerPixel) {
+    const int alpha = pixel[kAlphaByte];
+    if (alpha == kMaxComponent) continue;
+    for (int k = 0; k < kAlphaByte; ++k) pixel[k] = premultiplied(pixel[k], alpha);
+  }
+}
+
+void unpremultiplyRow(std::uint8_t* pixel, int width) {
+  for (; width > 0; --width, pixel += kBytesPerPixel) {
+    const int alpha = pixel[kAlphaByte];
+    if (alpha == 0 || alpha == kMaxComponent) continue;
+    for (int k = 0; k < kAlphaByte; ++k) pixel[k] = unpremultiplied(pixel[k], alpha);
+  }
+}
+
+/// One picture being decoded. Each step answers false when it failed; after that only destruction is left.
+class Reader {
+ public:
+  explicit Reader(const NSData& data)
+      : rest_(data.data()),
+        restSize_(data.size()),
+        png_(png_create_read_struct(PNG_LIBPNG_VER_STRING, &error_, fail, ignoreWarning)),
+        info_(png_ ? png_create_info_struct(png_) : nullptr) {}
+  Reader(const Reader&) = delete;
+  Reader& operator=(const Reader&) = delete;
+  ~Reader() { png_destroy_read_struct(&png_, &info_, nullptr); }
+
+  bool readHeader() {
+    return info_ && error_.guard([this] {
+      png_set_read_fn(png_, this, takeBytes);
+      png_read_info(png_, info_);
+      const int colorType = png_get_color_type(png_, info_);
+      hasAlpha_ = (colorType & PNG_COLOR_MASK_ALPHA) || png_get_valid(png_, info_, PNG_INFO_tRNS);
+      isGray_ = !hasAlpha_ && colorType == PNG_COLOR_TYPE_GRAY;
+      width_ = png_get_image_width(png_, info_);
+      height_ = png_get_image_height(png_, info_);
+    });
+  }
+
+  std::uint32_t width() const { return width_; }
+  std::uint32_t height() const { return height_; }
+  bool hasAlpha() const { return hasAlpha_; }
+  bool isGray() const { return isGray_; }
+
+  /// Decodes to `pixels`, which has room for all rows: a byte a pixel for grey ones, four for the others, in
+  /// screen order, not premultiplied. Whatever the file's depth, palette or transparent colour, that is what
+  /// comes out.
+  bool readPixels(std::uint8_t* pixels, std::size_t bytesPerRow) {
+    return error_.guard([this, pixels, bytesPerRow] {
+      png_set_expand(png_);
+      png_set_scale_16(png_);
+      if (!isGray_) {
+        png_set_gray_to_rgb(png_);
+        png_set_bgr(png_);
+        png_set_add_alpha(png_, kMaxComponent, PNG_FILLER_AFTER);
+      }
+      const int passes = png_set_interlace_handling(png_);
+      png_read_update_info(png_, info_);
+      if (png_get_rowbytes(png_, info_) != bytesPerRow) error_.fail();
+      for (int pass = 0; pass < passes; ++pass) {
+        for (std::uint32_t y = 0; y < height_; ++y)
+          png_read_row(png_, pixels + std::size_t{y} * bytesPerRow, nullptr);
+      }
+      // A file that breaks off after its last row is broken all the same.
+      png_read_end(png_, nullptr);
+    });
+  }
+
+ private:
+  static void takeBytes(png_structp png, png_bytep to, std::size_t count) {
+    auto& reader = *static_cast<Reader*>(png_get_io_ptr(png));
+    if (count > reader.restSize_) reader.error_.fail();
+    std::memcpy(to, reader.rest_, count);
+    reader.rest_ += count;
+    reader.restSize_ -= count;
+  }
+
+  const std::uint8_t* rest_;  // Of the caller's data.
+  std::size_t restSize_;
+  ErrorJump error_;
+  png_structp png_;
+  png_infop info_;
+  std::uint32_t width_ = 0, height_ = 0;
+  bool hasAlpha_ = false;
+  bool isGray_ = false;
+};
+
+/// One picture being encoded.
+class Writer {
+ public:
+  explicit Writer(NSData& target)
+      : target_(target),
+        png_(png_create_write_struct(PNG_LIBPNG_VER_STRING, &error_, fail, ignoreWarning)),
+        info_(png_ ? png_create_info_struct(png_) : nullptr) {}
+  Writer(const Writer&) = delete;
+  Writer& operator=(const Writer&) = delete;
+  ~Writer() { png_destroy_write_struct(&png_, &info_); }
+
+  /// `colorType` is PNG_COLOR_TYPE_GRAY, _RGB or _RGB_ALPHA; rows of the latter two are given in screen
+  /// layout.
+  bool writeHeader(int width, int height, int colorType) {
+    return info_ && error_.guard([=, this] {
+      png_set_write_fn(png_, &target_, appendBytes, [](png_structp) {});
+      png_set_IHDR(png_, info_, std::uint32_t(width), std::uint32_t(height), kComponentBits, colorType,
+                   PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+      png_write_info(png_, info_);
+      if (colorType != PNG_COLOR_TYPE_GRAY) png_set_bgr(png_);
+      if (colorType == PNG_COLOR_TYPE_RGB) png_set_filler(png_, 0, PNG_FILLER_AFTER);
+    });
+  }
+
+  bool writeRow(const std::uint8_t* row) {
+    return error_.guard([=, this] { png_write_row(png_, row); });
+  }
+
+  bool writeEnd() {
+    return error_.guard([this] { png_write_end(png_, info_); });
+  }
+
+ private:
+  static void appendBytes(png_structp png, png_bytep bytes, std::size_t count) {
+    auto& target = *static_cast<NSData*>(png_get_io_ptr(png));
+    target.insert(target.end(), bytes, bytes + count);
+  }
+
+  NSData& target_;
+  ErrorJump error_;
+  png_structp png_;
+  png_infop info_;
+};
+
+int colorTypeFor(const CGPixelFormat& format) {
+  if (format.colorSpace == CGColorSpace::DeviceGray) return PNG_COLOR_TYPE_GRAY;
+  return format.bitmapInfo == kCGImageAlphaNoneSkipFirstLittle ? PNG_COLOR_TYPE_RGB
+                                                               : PNG_COLOR_TYPE_RGB_ALPHA;
+}
+
+}  // namespace
+
+bool isPng(const NSData& data) {
+  return data.size() >= kSignatureLength && png_sig_cmp(data.data(), 0, kSignatureLength) == 0;
+}
+
+CGImageRef decodePng(const NSData& data) {
+  Reader reader(data);
+  if (!reader.readHeader() || !isAcceptablePictureSize(reader.width(), reader.height())) return nullptr;
+
+  CGPixelFormat format;
+  if (reader.isGray()) {
+    format = {kComponentBits, kComponentBits, CGColorSpace::DeviceGray, kCGImageAlphaNone};
+  } else if (!reader.hasAlpha()) {
+    format.bitmapInfo = kCGImageAlphaNoneSkipFirstLittle;
+  }
+  const std::size_t bytesPerRow = reader.width() * format.bytesPerPixel();
+  auto pixels = std::make_shared<std::vector<std::uint8_t>>(bytesPerRow * reader.height());
+  if (!reader.readPixels(pixels->data(), bytesPerRow)) return nullptr;
+  if (reader.hasAlpha()) {
+    for (std::uint32_t y = 0; y < reader.height(); ++y) {
+      premultiplyRow(pixels->data() + y * bytesPerRow, reader.width());
+    }
+  }
+  return CGImage::create(int(reader.width()), int(reader.height()), format, bytesPerRow, std::move(pixels));
+}
+
+NSData encodePng(const CGImageRef& image) {
+  if (!image) return {};
+  const bool gray = image->format().colorSpace == CGColorSpace::DeviceGray;
+  const CGImageRef source = gray ? image : CGImage::inScreenFormat(image);
+  const int colorType = colorTypeFor(source->format());
+  const std::size_t rowBytes = std::size_t(source->width()) * source->format().bytesPerPixel();
+
+  NSData encoded;
+  Writer writer(encoded);
+  std::vector<std::uint8_t> row(rowBytes);
+  bool written = writer.writeHeader(source->width(), source->height(), colorType);
+  for (int y = 0; written && y < source->height(); ++y) {
+    std::copy_n(source->row(y), rowBytes, row.data());
+    if (colorType == PNG_COLOR_TYPE_RGB_ALPHA) unpremultiplyRow(row.data(), source->width());
+    written = writer.writeRow(row.data());
+  }
+  return written && writer.writeEnd() ? encoded : NSData();
+}
