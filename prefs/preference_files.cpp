@@ -1,0 +1,148 @@
+#include "prefs/preference_files.h"
+
+#include <cmath>
+#include <memory>
+#include <string>
+#include <variant>
+
+#include "platform/foundation/file_manager.h"
+#include "platform/uikit/ui_color_archive.h"
+#include "prefs/settings.h"
+
+namespace vistrel {
+namespace {
+
+constexpr const char* preferencesPath = "/var/mobile/Library/Preferences/com.zantric.vistrel.plist";
+constexpr const char* appsPath = "/var/mobile/Library/Preferences/com.zantric.vistrel-apps.plist";
+constexpr std::string_view appKeyPrefix = "ALValue-";
+constexpr const char* favouriteKeys[] = {"fav1", "fav2", "fav3", "fav4", "fav5"};
+
+/// What a file that lacks a key does to the setting.
+enum class Absent { Keep, Clear };
+
+/// The key is carried in the file for the settings pane; nothing here depends on it.
+struct Unused {};
+
+/// One key: which setting it is, what a file without it means, what a new file holds.
+struct Key {
+  const char* name;
+  std::variant<Unused, std::string Settings::*, bool Settings::*, float Settings::*, std::int32_t Settings::*,
+               UIColor Settings::*>
+      setting;
+  Absent absent;
+  PropertyList newFileValue;
+};
+
+PropertyList archived(const UIColor& color) { return archivedDataWithRootObject(color); }
+PropertyList stored(std::string_view text) { return std::string(text); }
+
+/// In the order in which they are read.
+const Key keys[] = {
+    {"swipeDirection", &Settings::swipeDirection, Absent::Keep, stored(word::right)},
+    {"animationStyle", &Settings::animationStyle, Absent::Keep, stored(word::push)},
+    {"flatAnimationStyle", &Settings::flatAnimationStyle, Absent::Keep, stored(word::side)},
+    {"upDownOpen", &Settings::upDownOpen, Absent::Keep, false},
+    {"appNames", &Settings::appNames, Absent::Keep, false},
+    {"blur", &Settings::blur, Absent::Keep, false},
+    {"dim", &Settings::dim, Absent::Keep, true},
+    {"enabled", &Settings::enabled, Absent::Keep, true},
+    {"iconFade", &Settings::iconFade, Absent::Keep, false},
+    {"nameFade", &Settings::nameFade, Absent::Clear, false},
+    {"activatorOnly", &Settings::activatorOnly, Absent::Clear, false},
+    {"lsEnabled", &Settings::lsEnabled, Absent::Clear, true},
+    {"liquid", Unused(), Absent::Keep, true},
+    {"holdDownAction", Unused(), Absent::Keep, true},
+    {"favouritesEnabled", &Settings::favouritesEnabled, Absent::Clear, false},
+    {"appNamePosition", &Settings::appNamePosition, Absent::Clear, stored(word::bottom)},
+    {"iconAnimation", &Settings::iconAnimation, Absent::Clear, stored(word::grow)},
+    {"nameAnimation", &Settings::nameAnimation, Absent::Clear, stored(word::grow)},
+    {"background", &Settings::background, Absent::Keep, stored(word::linen)},
+    {"swipeActionEnabled", &Settings::swipeActionEnabled, Absent::Keep, true},
+    {"swipeUpAction", &Settings::swipeUpAction, Absent::Keep, stored(word::lock)},
+    {"swipeDownAction", &Settings::swipeDownAction, Absent::Keep, stored(word::home)},
+    {"iconSize", &Settings::iconSize, Absent::Keep, 0.7},
+    {"visibleEdge", &Settings::visibleEdge, Absent::Keep, 15},
+    {"topColor", &Settings::topColor, Absent::Keep, archived(UIColor::grayColor())},
+    {"bottomColor", &Settings::bottomColor, Absent::Keep, archived(UIColor::darkGrayColor())},
+};
+
+/// The stored value as the setting's type, or nothing where it cannot be one. A stored zero is no size, nor is what no
+/// geometry can be made of.
+std::optional<std::string> convert(const PropertyList& value, std::string Settings::*) {
+  auto* text = value.as<std::string>();
+  return text ? std::optional(*text) : std::nullopt;
+}
+std::optional<bool> convert(const PropertyList& value, bool Settings::*) { return value.boolValue(); }
+std::optional<float> convert(const PropertyList& value, float Settings::*) {
+  auto number = value.floatValue();
+  return number && *number != 0 && std::isfinite(*number) ? number : std::nullopt;
+}
+std::optional<std::int32_t> convert(const PropertyList& value, std::int32_t Settings::*) {
+  auto number = value.intValue();
+  return number && *number != 0 ? number : std::nullopt;
+}
+std::optional<UIColor> convert(const PropertyList& value, UIColor Settings::*) {
+  auto* data = value.as<NSData>();
+  return data ? unarchiveColorWithData(*data) : std::nullopt;
+}
+
+void applyKey(const Key& key, const PropertyList* stored) {
+  std::visit(
+      [&](auto setting) {
+        if constexpr (!std::is_same_v<decltype(setting), Unused>) {
+          auto& target = settings.*setting;
+          if (auto value = stored ? convert(*stored, setting) : std::nullopt) {
+            target = *value;
+          } else if (key.absent == Absent::Clear) {
+            target = {};
+          }
+        }
+      },
+      key.setting);
+}
+
+std::string withoutPrefix(std::string key) {
+  for (auto at = key.find(appKeyPrefix); at != std::string::npos; at = key.find(appKeyPrefix, at)) {
+    key.erase(at, appKeyPrefix.size());
+  }
+  return key;
+}
+
+}  // namespace
+
+std::optional<PropertyListDictionary> readPreferencesFile() {
+  if (!NSFileManager::defaultManager().fileExists(preferencesPath)) return std::nullopt;
+  return dictionaryWithContentsOfFile(preferencesPath).value_or(PropertyListDictionary());
+}
+
+PropertyListDictionary defaultPreferences() {
+  PropertyListDictionary preferences;
+  for (const Key& key : keys) preferences.emplace(key.name, key.newFileValue);
+  return preferences;
+}
+
+void writePreferencesFile(const PropertyListDictionary& preferences) {
+  writeDictionaryToFile(preferences, preferencesPath);
+}
+
+void applyPreferences(const PropertyListDictionary& preferences) {
+  for (const Key& key : keys) applyKey(key, find(preferences, key.name));
+  if (settings.activatorOnly) settings.visibleEdge = 0;
+
+  NSStringArray favourites;
+  for (const char* name : favouriteKeys) {
+    const PropertyList* stored = find(preferences, name);
+    if (auto* identifier = stored ? stored->as<std::string>() : nullptr) favourites.push_back(*identifier);
+  }
+  favouriteApps = std::make_shared<const NSStringArray>(std::move(favourites));
+}
+
+void readDisabledApps() {
+  if (!NSFileManager::defaultManager().fileExists(appsPath)) return;
+  disabledApps.clear();
+  for (const auto& [key, value] : dictionaryWithContentsOfFile(appsPath).value_or(PropertyListDictionary())) {
+    if (value.boolValue().value_or(false)) disabledApps.push_back(withoutPrefix(key));
+  }
+}
+
+}  // namespace vistrel

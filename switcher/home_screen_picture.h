@@ -1,0 +1,8 @@
+#pragma once
+
+namespace vistrel {
+
+/// The cached picture of the home screen. JPEG data, whatever its name says: readers go by content.
+inline constexpr const char* homeScreenPicturePath = "/private/var/mobile/Library/Caches/VitsrelSB.png";
+
+}  // namespace vistrel
