@@ -1,0 +1,71 @@
+#include "host/app_switcher_model.h"
+
+#include <algorithm>
+
+#include "platform/foundation/property_list.h"
+
+namespace host {
+
+namespace {
+
+constexpr const char* kPreferencesPath = "/var/mobile/Library/Preferences/com.apple.springboard.plist";
+constexpr const char* kRecentsKey = "SBRecentDisplays";
+
+AppSwitcherModel* sharedModel = nullptr;  // The process's one; it enters and removes itself.
+
+}  // namespace
+
+AppSwitcherModel::AppSwitcherModel(const std::function<bool(const std::string&)>& isInstalled) {
+  declareInstanceVariable(*this, "_recentDisplayIdentifiers", recentDisplayIdentifiers_);
+  sharedModel = this;
+
+  const auto preferences = dictionaryWithContentsOfFile(kPreferencesPath);
+  const PropertyList* value = preferences ? find(*preferences, kRecentsKey) : nullptr;
+  const auto* entries = value ? value->as<PropertyListArray>() : nullptr;
+  if (!entries) return;
+  auto& recents = recentDisplayIdentifiers_;
+  for (const PropertyList& entry : *entries) {
+    const auto* identifier = entry.as<std::string>();
+    if (identifier && isInstalled(*identifier) && std::ranges::find(recents, *identifier) == recents.end())
+      recents.push_back(*identifier);
+  }
+}
+
+AppSwitcherModel::~AppSwitcherModel() {
+  if (sharedModel == this) sharedModel = nullptr;
+}
+
+AppSwitcherModel* AppSwitcherModel::shared() { return sharedModel; }
+
+void AppSwitcherModel::registerMethods() {
+  Class& cls = SBAppSwitcherModel::objcClass();
+  cls.addClassMethod(
+      "sharedInstance", +[]() -> SBAppSwitcherModel* { return shared(); });
+  cls.addMethod(
+      "remove:", +[](SBAppSwitcherModel& self, std::string identifier) {
+        static_cast<AppSwitcherModel&>(self).drop(identifier);
+      });
+}
+
+void AppSwitcherModel::moveToFront(const std::string& identifier) {
+  auto& recents = recentDisplayIdentifiers_;
+  if (!recents.empty() && recents.front() == identifier) return;
+  std::erase(recents, identifier);
+  recents.insert(recents.begin(), identifier);
+  save();
+}
+
+void AppSwitcherModel::drop(const std::string& identifier) {
+  if (std::erase(recentDisplayIdentifiers_, identifier) > 0) save();
+}
+
+void AppSwitcherModel::save() const {
+  // The file holds other settings too; they stay. A disk that cannot be written costs the memory of this run
+  // only.
+  auto preferences = dictionaryWithContentsOfFile(kPreferencesPath).value_or(PropertyListDictionary());
+  preferences[kRecentsKey] =
+      PropertyListArray(recentDisplayIdentifiers_.begin(), recentDisplayIdentifiers_.end());
+  writeDictionaryToFile(preferences, kPreferencesPath);
+}
+
+}  // namespace host

@@ -1,0 +1,116 @@
+#include "host/application_bundle.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <utility>
+
+#include "host/device_pictures.h"
+#include "host/failure.h"
+#include "host/placeholder.h"
+#include "platform/coregraphics/image_codec.h"
+#include "platform/foundation/file_manager.h"
+
+namespace host {
+
+namespace {
+
+constexpr const char* kDefaultIcon = "Icon";
+constexpr const char* kPictureEnding = ".png";
+
+constexpr std::pair<const char*, UIInterfaceOrientation> kOrientationNames[] = {
+    {"UIInterfaceOrientationPortrait", UIInterfaceOrientation::Portrait},
+    {"UIInterfaceOrientationPortraitUpsideDown", UIInterfaceOrientation::PortraitUpsideDown},
+    {"UIInterfaceOrientationLandscapeLeft", UIInterfaceOrientation::LandscapeLeft},
+    {"UIInterfaceOrientationLandscapeRight", UIInterfaceOrientation::LandscapeRight},
+};
+
+/// Empty when the key is missing or holds something else.
+std::string stringValue(const PropertyListDictionary& info, const char* key) {
+  const PropertyList* value = find(info, key);
+  const auto* text = value ? value->as<std::string>() : nullptr;
+  return text ? *text : "";
+}
+
+/// The strings of an array; what is no string is left out.
+std::vector<std::string> stringValues(const PropertyListDictionary& info, const char* key) {
+  std::vector<std::string> result;
+  const PropertyList* value = find(info, key);
+  const auto* array = value ? value->as<PropertyListArray>() : nullptr;
+  if (!array) return result;
+  for (const PropertyList& entry : *array)
+    if (const auto* text = entry.as<std::string>()) result.push_back(*text);
+  return result;
+}
+
+std::set<UIInterfaceOrientation> orientationValues(const PropertyListDictionary& info,
+                                                   const DeviceModel& model) {
+  constexpr const char* kKey = "UISupportedInterfaceOrientations";
+  constexpr const char* kTabletKey = "UISupportedInterfaceOrientations~ipad";
+  const bool hasTabletList = isTablet(model) && find(info, kTabletKey);
+  std::set<UIInterfaceOrientation> result;
+  for (const std::string& listed : stringValues(info, hasTabletList ? kTabletKey : kKey))
+    for (const auto& [name, orientation] : kOrientationNames)
+      if (listed == name) result.insert(orientation);
+  return result.empty() ? std::set{UIInterfaceOrientation::Portrait} : result;
+}
+
+/// The file as listed, and beside it its double-scale sister.
+std::vector<std::string> iconCandidates(const std::string& listed) {
+  const bool hasEnding = listed.ends_with(kPictureEnding);
+  const std::string stem =
+      hasEnding ? listed.substr(0, listed.size() - std::string(kPictureEnding).size()) : listed;
+  return {stem + kPictureEnding, stem + "@2x" + kPictureEnding};
+}
+
+/// Exact beats larger, larger beats smaller, nearer beats farther.
+bool isFitter(int width, int than, int wanted) {
+  const bool largeEnough = width >= wanted, otherLargeEnough = than >= wanted;
+  return largeEnough != otherLargeEnough ? largeEnough : std::abs(width - wanted) < std::abs(than - wanted);
+}
+
+}  // namespace
+
+ApplicationBundle::ApplicationBundle(std::string folder, const DeviceModel& model)
+    : folder_(std::move(folder)), model_(model) {
+  const auto info = dictionaryWithContentsOfFile(folder_ + "/Info.plist");
+  if (!info) throw Failure("not a readable property list");
+  identifier_ = stringValue(*info, "CFBundleIdentifier");
+  if (identifier_.empty()) throw Failure("no CFBundleIdentifier");
+
+  name_ = stringValue(*info, "CFBundleDisplayName");
+  if (name_.empty()) name_ = stringValue(*info, "CFBundleName");
+  if (name_.empty()) name_ = std::filesystem::path(folder_).stem().string();
+
+  iconFiles_ = stringValues(*info, "CFBundleIconFiles");
+  if (const std::string single = stringValue(*info, "CFBundleIconFile"); !single.empty())
+    iconFiles_.push_back(single);
+  if (iconFiles_.empty()) iconFiles_.push_back(kDefaultIcon);
+  orientations_ = orientationValues(*info, model);
+}
+
+std::shared_ptr<UIImage> ApplicationBundle::loadIcon(CGFloat points) const {
+  const int wanted = static_cast<int>(std::lround(points * model_.scale));
+  CGImageRef best;
+  for (const std::string& listed : iconFiles_) {
+    for (const std::string& file : iconCandidates(listed)) {
+      const auto data = NSFileManager::defaultManager().contents(folder_ + "/" + file);
+      CGImageRef picture = data ? decodeImage(*data) : nullptr;
+      if (picture && (!best || isFitter(picture->width(), best->width(), wanted))) best = picture;
+    }
+  }
+  if (!best) return placeholderIcon(name_, points, model_.scale);
+  return UIImage::imageWithCGImage(best, static_cast<CGFloat>(best->width()) / points,
+                                   UIImageOrientation::Up);
+}
+
+std::shared_ptr<UIImage> ApplicationBundle::loadLaunchPicture(UIInterfaceOrientation orientation) const {
+  const bool onItsSide = UIInterfaceOrientationIsLandscape(orientation);
+  const auto shape = onItsSide ? PictureShape::Landscape : PictureShape::Portrait;
+  if (auto picture = pictureForDevice(folder_ + "/Default", model_, shape)) return picture;
+  const CGSize upright = model_.size;
+  const CGSize size = onItsSide ? CGSize{upright.height, upright.width} : upright;
+  return placeholderScreen(name_, size, model_.scale);
+}
+
+}  // namespace host

@@ -1,0 +1,38 @@
+#include "host/device_clock.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+
+namespace host {
+
+namespace {
+
+using namespace std::chrono;
+
+constexpr const char* kWeekdays[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                     "Thursday", "Friday", "Saturday"};
+constexpr const char* kMonths[] = {"January", "February", "March",     "April",   "May",      "June",
+                                   "July",    "August",   "September", "October", "November", "December"};
+
+constexpr sys_days kFirstDay = year{2007} / January / 9;
+constexpr auto kStart = kFirstDay + 9h + 41min;
+
+auto timeAt(CFTimeInterval now) { return kStart + floor<minutes>(duration<double>(now)); }
+
+}  // namespace
+
+std::string clockText(CFTimeInterval now) {
+  const auto time = timeAt(now);
+  const hh_mm_ss sinceMidnight(time - floor<days>(time));
+  return fmt::format("{}:{:02}", sinceMidnight.hours().count(), sinceMidnight.minutes().count());
+}
+
+std::string dateText(CFTimeInterval now) {
+  const auto day = floor<days>(timeAt(now));
+  const year_month_day date(day);
+  return fmt::format("{}, {} {}", kWeekdays[weekday(day).c_encoding()],
+                     kMonths[static_cast<unsigned>(date.month()) - 1], static_cast<unsigned>(date.day()));
+}
+
+}  // namespace host

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "platform/foundation/run_loop.h"
+
+/// The time of day on the device, which follows the run loop: it started on a Tuesday morning at 9:41.
+namespace host {
+
+std::string clockText(CFTimeInterval now);  ///< "9:41"
+std::string dateText(CFTimeInterval now);   ///< "Tuesday, January 9"
+
+}  // namespace host

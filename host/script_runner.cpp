@@ -1,0 +1,54 @@
+#include "host/script_runner.h"
+
+#include <fmt/format.h>
+
+#include <functional>
+
+#include "host/exit_code.h"
+#include "host/failure.h"
+#include "host/script_parser.h"
+#include "host/script_verbs.h"
+#include "platform/uikit/touch_dispatcher.h"
+
+namespace host {
+
+int runScript(std::istream& lines, const std::string& name, SpringBoard& springBoard, std::ostream& output,
+              std::ostream& errors) {
+  ScriptVerbs verbs(springBoard, output);
+  int number = 0;
+  // Runs one step and says, as an exit code, what became of it.
+  const auto attempt = [&](const std::function<void()>& step) {
+    const auto complain = [&](const std::exception& cause, int exitCode) {
+      errors << fmt::format("{}:{}: {}\n", name, number, cause.what()) << std::flush;
+      return exitCode;
+    };
+    try {
+      step();
+      return exitSuccess;
+    } catch (const BadScriptLine& badLine) {
+      return complain(badLine, exitBadInput);
+    } catch (const Failure& failure) {
+      return complain(failure, exitFailed);
+    } catch (const IncoherentTouch& incoherent) {
+      return complain(incoherent, exitFailed);
+    }
+  };
+
+  int result = exitSuccess;
+  for (std::string line; result == exitSuccess && std::getline(lines, line);) {
+    ++number;
+    result = attempt([&] {
+      if (auto command = parseScriptLine(line)) verbs.perform(*command);
+    });
+  }
+  if (result == exitSuccess) {
+    result = attempt([&] {
+      if (lines.bad()) throw Failure("the script cannot be read further");
+      verbs.drain();
+    });
+  }
+  const int saving = attempt([&] { verbs.finishRecording(); });
+  return result == exitSuccess ? saving : result;
+}
+
+}  // namespace host

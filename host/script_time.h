@@ -1,0 +1,35 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "host/recorder.h"
+#include "platform/foundation/run_loop.h"
+
+namespace host {
+
+/// How time passes in a script: the run loop's virtual time, with a picture taken at each frame of a
+/// recording.
+class ScriptTime {
+ public:
+  CFTimeInterval now() const { return RunLoop::main().now(); }
+
+  /// Runs what is due now; no time passes.
+  void turn() { advanceTo(now()); }
+  void advanceTo(CFTimeInterval time);
+  void advanceBy(CFTimeInterval seconds) { advanceTo(now() + seconds); }
+  /// Goes from one piece of scheduled work to the next while `wanted` holds, for `limit` seconds at most;
+  /// stops early when nothing is left to run.
+  void advanceWhile(const std::function<bool()>& wanted, CFTimeInterval limit);
+
+  // One recording at a time; each throws Failure where it does not apply or the file cannot be written.
+  void startRecording(const std::filesystem::path& file, CGFloat scale);
+  void stopRecording();
+  bool recording() const { return recorder_ != nullptr; }
+
+ private:
+  std::unique_ptr<Recorder> recorder_;  // Exists while recording.
+};
+
+}  // namespace host
