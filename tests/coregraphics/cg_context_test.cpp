@@ -1,0 +1,167 @@
+#include "platform/coregraphics/cg_context.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "platform/coregraphics/cg_bitmap_context.h"
+#include "tests/coregraphics/pictures.h"
+
+namespace {
+
+constexpr CGColor kRed{1, 0, 0, 1};
+constexpr CGColor kBlue{0, 0, 1, 1};
+
+/// The number of pixels in columns `left` to `right` - 1 that are not quite transparent.
+int inkBetween(const CGImageRef& image, int left, int right) {
+  int count = 0;
+  for (int y = 0; y < image->height(); ++y) {
+    for (int x = left; x < right; ++x) count += colorAt(image, x, y).alpha > 0;
+  }
+  return count;
+}
+
+TEST(CGContext, RoundsItsSizeUpToWholePixels) {
+  const CGImageRef image = CGContext({10.1f, 20}, 2).createImage();
+  EXPECT_EQ(std::pair(image->width(), image->height()), std::pair(21, 40));
+  EXPECT_EQ(CGContext({0, -5}, 2).createImage()->height(), 1);
+  EXPECT_EQ(CGContext({std::nanf(""), 3}, 1).createImage()->width(), 1);
+}
+
+TEST(CGContext, DrawsPixelForPixelWithoutTouchingAny) {
+  // 30 x 42 pixels, 15 x 21 points at scale 2.
+  const CGImageRef image = CGImageCreateWithImageInRect(noise(40, 50), CGRectMake(3, 5, 30, 42));
+  const struct {
+    const char* how;
+    CGAffineTransform placed;
+    CGPoint origin;
+    CGAffineTransform source;  // From the pixel drawn to the picture's.
+  } cases[] = {
+      {"upright", {}, {0, 0}, {}},
+      {"where float arithmetic just misses the grid", {1, 0, 0, 1, -300.0002f, -300.0002f}, {300, 300}, {}},
+      {"mirrored", {-1, 0, 0, 1, 15, 0}, {0, 0}, {-1, 0, 0, 1, 29, 0}},
+      {"turned to the right", {-4e-8f, 1, -1, -4e-8f, 21, 0}, {0, 0}, {0, -1, 1, 0, 0, 41}},
+  };
+  for (const auto& c : cases) {
+    CGContext context({30, 30}, 2);
+    context.concat(c.placed);
+    context.drawImage(image, {c.origin, {15, 21}});
+    const CGImageRef drawn = context.createImage();
+    int same = 0;
+    for (int y = 0; y < drawn->height(); ++y) {
+      for (int x = 0; x < drawn->width(); ++x) {
+        const CGPoint from = CGPointApplyAffineTransform({CGFloat(x), CGFloat(y)}, c.source);
+        const bool inside = CGRectContainsPoint(CGRectMake(0, 0, 30, 42), from);
+        const Color expected = inside ? colorAt(image, int(from.x), int(from.y)) : Color{0, 0, 0, 0};
+        same += colorAt(drawn, x, y) == expected;
+      }
+    }
+    EXPECT_EQ(same, 60 * 60) << c.how;
+  }
+}
+
+TEST(CGContext, AveragesWhereAPictureShrinks) {
+  // Thin white lines: whoever looks at the pixels in the middle only misses them.
+  std::vector<std::uint8_t> lines(64 * 64);
+  for (std::size_t i = 0; i < lines.size(); i += 8) lines[i] = 255;
+  CGContext context({8, 8}, 1);
+  context.drawImage(pictureOf(64, 64, kGrayFormat, lines), CGRectMake(0, 0, 8, 8));
+  const CGImageRef drawn = context.createImage();
+  for (int i = 0; i < 8; ++i) EXPECT_NEAR(colorAt(drawn, i, 7 - i).green, 255 / 8, 4);
+  EXPECT_EQ(colorAt(drawn, 0, 7).alpha, 255) << "edges do not fade";
+}
+
+TEST(CGContext, DrawsTranslucentlyAndNothingForNothing) {
+  CGContext context({4, 1}, 1);
+  const CGImageRef white = pictureOf(1, 1, kGrayFormat, {255});
+  context.drawImage(white, CGRectMake(1, 0, 2, 1), 0.5f);
+  context.drawImage(nullptr, CGRectMake(0, 0, 4, 1));
+  context.drawImage(white, CGRectMake(0, 0, std::numeric_limits<float>::infinity(), 1));
+  context.drawImage(white, CGRectMake(0, 0, 4, 1), 0);
+  const CGImageRef drawn = context.createImage();
+  EXPECT_EQ(inkBetween(drawn, 0, 4), 2);
+  EXPECT_EQ(colorAt(drawn, 2, 0), (Color{128, 128, 128, 128}));
+}
+
+TEST(CGContext, ATransformThatFlattensThePlaneDrawsNothingUntilRestored) {
+  CGContext context({4, 4}, 1);
+  context.save();
+  context.concat(CGAffineTransformMakeScale(1, 0));
+  context.fill(CGRectMake(0, 0, 4, 4), kBlue);
+  context.restore();
+  EXPECT_EQ(inkBetween(context.createImage(), 0, 4), 0);
+  context.fill(CGRectMake(0, 0, 4, 4), kRed);
+  EXPECT_EQ(colorAt(context.createImage(), 3, 3), (Color{255, 0, 0}));
+}
+
+TEST(CGContext, RoundsCornersClipsAndShades) {
+  CGContext context({20, 20}, 1);
+  context.clipTo(CGRectMake(0, 0, 20, 10));
+  context.fillGradient(CGRectMake(0, 0, 20, 20), kRed, kBlue, 100);
+  const CGImageRef drawn = context.createImage();
+  EXPECT_EQ(colorAt(drawn, 0, 0).alpha, 0) << "the corner is cut to a quarter of a circle";
+  EXPECT_EQ(colorAt(drawn, 10, 10).alpha, 0) << "below the clip";
+  EXPECT_NEAR(colorAt(drawn, 10, 1).red, 255 * (1 - 1.5 / 20), 3);
+  EXPECT_NEAR(colorAt(drawn, 10, 9).blue, 255 * 9.5 / 20, 3);
+}
+
+TEST(CGContext, TilesFromItsOrigin) {
+  const CGImageRef tile = noise(6, 4);
+  CGContext context({20, 20}, 2);
+  context.drawTiled(tile, {3, 2}, CGRectMake(1, 1, 18, 18));
+  const CGImageRef drawn = context.createImage();
+  EXPECT_EQ(colorAt(drawn, 1, 2).alpha, 0);
+  for (int i = 2; i < 38; ++i) EXPECT_EQ(colorAt(drawn, i, i), colorAt(tile, i % 6, i % 4)) << i;
+}
+
+TEST(CGContext, SetsALineOfTextWithinItsRectangle) {
+  const auto draw = [](std::string_view text, CGTextAlignment alignment, bool bold = false) {
+    CGContext context({100, 40}, 1);
+    context.drawText(text, CGRectMake(10, 0, 80, 40), {17, bold, kRed, alignment});
+    return context.createImage();
+  };
+  const CGImageRef left = draw("il", CGTextAlignment::Left);
+  EXPECT_GT(inkBetween(left, 10, 20), 0);
+  EXPECT_EQ(inkBetween(left, 30, 100), 0);
+  EXPECT_LT(inkBetween(left, 0, 100), inkBetween(draw("il", CGTextAlignment::Left, true), 0, 100));
+  EXPECT_GT(inkBetween(draw("il", CGTextAlignment::Right), 80, 91), 0);
+  EXPECT_GT(inkBetween(draw("il", CGTextAlignment::Center), 45, 55), 0);
+  const CGImageRef cut = draw("A name that is by far too long\nfor one line", CGTextAlignment::Left);
+  EXPECT_EQ(inkBetween(cut, 91, 100), 0);
+  EXPECT_GT(inkBetween(draw("\xff\xfe", CGTextAlignment::Left), 0, 100), 0)
+      << "broken UTF-8 shows replacements";
+}
+
+TEST(CGBitmapContext, DrawsIntoEveryLayout) {
+  const struct {
+    CGPixelFormat format;
+    std::vector<std::uint8_t> redAndHalfBlue;
+  } cases[] = {
+      {formatWith(kCGImageAlphaPremultipliedLast), {255, 0, 0, 255, 0, 0, 128, 128}},
+      {formatWith(kCGImageAlphaNoneSkipLast), {255, 0, 0, 255, 0, 0, 128, 255}},
+      {formatWith(kCGImageAlphaPremultipliedFirstLittle), {0, 0, 255, 255, 128, 0, 0, 128}},
+      {kGrayFormat, {77, 15}},
+  };
+  for (const auto& c : cases) {
+    const std::size_t rowBytes = 2 * c.format.bytesPerPixel();
+    // Rows are padded, and the last one ends with its pixels.
+    std::vector<std::uint8_t> memory(rowBytes + 4 + rowBytes, 0);
+    const auto context = CGBitmapContext::create(memory.data(), 2, 2, rowBytes + 4, c.format);
+    context->drawImage(pictureOf(2, 1, cases[0].format, cases[0].redAndHalfBlue), CGRectMake(0, 1, 2, 1));
+    const CGImageRef drawn = context->createImage();
+    EXPECT_EQ(drawn->format(), c.format);
+    EXPECT_EQ(std::vector(drawn->row(1), drawn->row(1) + rowBytes), c.redAndHalfBlue);
+    EXPECT_EQ(CGDataProviderCopyData(drawn), memory);
+  }
+}
+
+TEST(CGBitmapContext, IsNotMadeForSizesThatCannotBe) {
+  std::uint8_t memory[64] = {};
+  EXPECT_EQ(CGBitmapContext::create(memory, 0, 1, 4, {}), nullptr);
+  EXPECT_EQ(CGBitmapContext::create(memory, 2, 1, 7, {}), nullptr);
+  EXPECT_EQ(CGBitmapContext::create(nullptr, 30'000, 30'000, 120'000, {}), nullptr);
+  EXPECT_EQ(CGBitmapContext::create(nullptr, 2, 2, std::numeric_limits<std::size_t>::max(), {}), nullptr);
+}
+
+}  // namespace

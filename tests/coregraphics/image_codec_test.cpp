@@ -1,0 +1,166 @@
+#include "platform/coregraphics/image_codec.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/coregraphics/foreign_pictures.h"
+#include "tests/coregraphics/pictures.h"
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+/// Half-transparent, opaque and clear pixels.
+CGImageRef translucent() { return pictureOf(3, 1, {}, {10, 60, 128, 128, 30, 20, 10, 255, 0, 0, 0, 0}); }
+
+void expectNear(Color actual, Color expected, int tolerance) {
+  EXPECT_NEAR(actual.red, expected.red, tolerance);
+  EXPECT_NEAR(actual.green, expected.green, tolerance);
+  EXPECT_NEAR(actual.blue, expected.blue, tolerance);
+  EXPECT_EQ(actual.alpha, expected.alpha);
+}
+
+TEST(ImageCodec, PngKeepsEveryPixelAndTheLayout) {
+  const CGImageRef gray = pictureOf(3, 2, kGrayFormat, {1, 2, 3, 4, 5, 250});
+  const CGImageRef cut = CGImageCreateWithImageInRect(noise(33, 17), CGRectMake(5, 6, 7, 8));
+  for (const CGImageRef& image : {gray, cut, translucent()}) {
+    const CGImageRef decoded = decodeImage(encodePng(image));
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(decoded->format(), image->format());
+    for (int y = 0; y < image->height(); ++y) {
+      for (int x = 0; x < image->width(); ++x) EXPECT_EQ(colorAt(decoded, x, y), colorAt(image, x, y));
+    }
+  }
+}
+
+TEST(ImageCodec, JpegKeepsColoursSharpAtFullQualityAndComposesOntoBlack) {
+  // Single columns of red and blue: subsampling would mix them.
+  Bytes stripes;
+  for (int i = 0; i < 16 * 16; ++i) {
+    const std::uint8_t red = i % 2 ? 255 : 0;
+    stripes.insert(stripes.end(), {red, 0, std::uint8_t(255 - red), 255});
+  }
+  const CGImageRef image = pictureOf(16, 16, formatWith(kCGImageAlphaNoneSkipLast), stripes);
+  const CGImageRef best = decodeImage(encodeJpeg(image, 1));
+  EXPECT_EQ(best->format(), formatWith(kCGImageAlphaNoneSkipFirstLittle));
+  expectNear(colorAt(best, 7, 7), {255, 0, 0}, 6);
+  EXPECT_GT(colorAt(decodeImage(encodeJpeg(image, 0.9f)), 7, 7).blue, 50);
+  EXPECT_LT(encodeJpeg(image, -1).size(), encodeJpeg(image, 0.5f).size());
+
+  expectNear(colorAt(decodeImage(encodeJpeg(translucent(), 1)), 0, 0), {128, 60, 10}, 6);
+  const CGImageRef gray = decodeImage(encodeJpeg(pictureOf(1, 1, kGrayFormat, {200}), 1));
+  EXPECT_EQ(gray->format(), kGrayFormat);
+  EXPECT_NEAR(*gray->row(0), 200, 1);
+}
+
+TEST(ImageCodec, ReadsEveryKindOfPng) {
+  const CGPixelFormat opaque = formatWith(kCGImageAlphaNoneSkipFirstLittle), alpha;
+  const struct {
+    const char* name;
+    PngKind kind;
+    Bytes row;
+    CGPixelFormat format;
+    std::vector<Color> colors;
+  } cases[] = {
+      {"1-bit grey", {PNG_COLOR_TYPE_GRAY, 1}, {0x40}, kGrayFormat, {{0, 0, 0}, {255, 255, 255}}},
+      {"16-bit grey",
+       {PNG_COLOR_TYPE_GRAY, 16},
+       {0x80, 0, 0x12, 0xFF},
+       kGrayFormat,
+       {{128, 128, 128}, {19, 19, 19}}},
+      {"grey, one shade clear",
+       {PNG_COLOR_TYPE_GRAY, 8, {}, 9},
+       {9, 10},
+       alpha,
+       {{0, 0, 0, 0}, {10, 10, 10}}},
+      {"grey with alpha", {PNG_COLOR_TYPE_GRAY_ALPHA}, {100, 51}, alpha, {{20, 20, 20, 51}}},
+      {"16-bit alpha",
+       {PNG_COLOR_TYPE_RGB_ALPHA, 16},
+       {255, 255, 0, 0, 0, 0, 128, 128},
+       alpha,
+       {{128, 0, 0, 128}}},
+      {"16-bit, one colour clear",
+       {PNG_COLOR_TYPE_RGB, 16, {}, 0x0102},
+       {1, 2, 1, 2, 1, 2, 1, 3, 1, 2, 1, 2},
+       alpha,
+       {{0, 0, 0, 0}, {1, 1, 1}}},
+      {"2-bit palette", {PNG_COLOR_TYPE_PALETTE, 2}, {0x40}, opaque, {{40, 50, 60}, {1, 2, 3}}},
+      {"palette, one clear", {PNG_COLOR_TYPE_PALETTE, 8, {0}}, {0, 1}, alpha, {{0, 0, 0, 0}, {40, 50, 60}}},
+      {"interlaced",
+       {PNG_COLOR_TYPE_RGB, 8, {}, -1, PNG_INTERLACE_ADAM7},
+       {1, 2, 3, 4, 5, 6},
+       opaque,
+       {{1, 2, 3}, {4, 5, 6}}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    const CGImageRef image = decodeImage(pngOf(int(c.colors.size()), 3, c.kind, c.row));
+    ASSERT_TRUE(image);
+    EXPECT_EQ(image->format(), c.format);
+    for (int x = 0; x < image->width(); ++x) EXPECT_EQ(colorAt(image, x, 2), c.colors[std::size_t(x)]);
+  }
+}
+
+TEST(ImageCodec, ReadsEveryKindOfJpeg) {
+  expectNear(colorAt(decodeImage(jpegOf({200, 100, 50}, true)), 19, 9), {200, 100, 50}, 3);
+  expectNear(colorAt(decodeImage(jpegOf({90}, true)), 19, 9), {90, 90, 90}, 3);
+  expectNear(colorAt(decodeImage(jpegOf({255, 0, 155, 55}, false)), 19, 9), {0, 200, 78}, 3);
+  expectNear(colorAt(decodeImage(jpegOf({0, 255, 100, 200}, false, true)), 19, 9), {0, 200, 78}, 3);
+}
+
+TEST(ImageCodec, WhatIsBrokenOffAnywhereIsNoPicture) {
+  const PngKind interlaced{PNG_COLOR_TYPE_RGB, 8, {}, -1, PNG_INTERLACE_ADAM7};
+  for (const NSData& file :
+       {encodePng(translucent()), encodeJpeg(noise(40, 40), 0.8f), pngOf(2, 2, interlaced, Bytes(6)),
+        jpegOf({200, 100, 50}, true), jpegOf(Bytes(4), false)}) {
+    ASSERT_TRUE(decodeImage(file));
+    for (std::size_t at = 0; at < file.size(); ++at) {
+      EXPECT_EQ(decodeImage(NSData(file.begin(), file.begin() + std::ptrdiff_t(at))), nullptr)
+          << at << " bytes";
+      NSData damaged = file;  // Damage may go unseen, but must do no harm.
+      damaged[at] ^= 0xFF;
+      decodeImage(damaged);
+    }
+  }
+  EXPECT_EQ(decodeImage({'G', 'I', 'F', '8', '9', 'a', 0, 0, 0}), nullptr);
+  EXPECT_TRUE(encodePng(nullptr).empty() && encodeJpeg(nullptr, 1).empty());
+}
+
+TEST(ImageCodec, RefusesSizesBeyondMeasure) {
+  // Whole and well-formed; the first asks for 64 million pixels and a few more, the second is too long to be
+  // drawn.
+  EXPECT_EQ(decodeImage(pngOf(8200, 8200, {PNG_COLOR_TYPE_GRAY, 1}, Bytes(1025))), nullptr);
+  EXPECT_EQ(decodeImage(pngOf(40'000, 1, {PNG_COLOR_TYPE_GRAY}, Bytes(40'000))), nullptr);
+}
+
+TEST(ImageCodec, ReadsTheOrientationAndTrustsNothingInIt) {
+  const Bytes little{'I', 'I', 42, 0, 8, 0, 0, 0, 1, 0, 0x12, 1, 3, 0, 1, 0, 0, 0, 6, 0, 0, 0};
+  const Bytes big{'M', 'M', 0, 42, 0, 0, 0,    8, 0, 2, 1, 0, 0, 4, 0, 0, 0,
+                  1,   0,   0, 0,  9, 1, 0x12, 0, 3, 0, 0, 0, 1, 0, 3, 0, 0};
+  const Bytes cut(little.begin(), little.begin() + 19);
+  constexpr std::size_t kOrder = 0, kMagic = 2, kDirectory = 4, kEntries = 8, kType = 12, kCount = 14,
+                        kValue = 18;
+  const struct {
+    Bytes tiff;
+    std::size_t at;   // The byte that is set,
+    std::uint8_t to;  // and to what.
+    int expected;
+  } cases[] = {{little, kValue, 6, 6},         {little, kValue, 8, 8},
+               {little, kValue, 0, 1},         {little, kValue, 9, 1},
+               {little, kOrder, 'X', 1},       {little, kMagic, 43, 1},
+               {little, kType, 4, 1},          {little, kCount, 2, 1},
+               {little, kDirectory, 0, 1},     {little, kDirectory + 3, 255, 1},
+               {little, kEntries + 1, 255, 6}, {big, kOrder, 'M', 3},
+               {cut, kOrder, 'I', 1},          {{0}, 0, 0, 1}};
+  for (auto c : cases) {
+    c.tiff[c.at] = c.to;
+    Bytes segment{0xFF, 0xE1, 0, std::uint8_t(c.tiff.size() + 8), 'E', 'x', 'i', 'f', 0, 0};
+    segment.insert(segment.end(), c.tiff.begin(), c.tiff.end());
+    NSData jpeg = encodeJpeg(noise(8, 8), 1);
+    jpeg.insert(jpeg.begin() + 2, segment.begin(), segment.end());
+    int orientation = 0;
+    EXPECT_TRUE(decodeImage(jpeg, &orientation));
+    EXPECT_EQ(orientation, c.expected) << testing::PrintToString(c.tiff);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,126 @@
+#include "platform/foundation/property_list.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "tests/foundation/temporary_root.h"
+
+namespace {
+
+using Dictionary = PropertyListDictionary;
+using Array = PropertyListArray;
+
+constexpr int kArrayMarker = 0xA0;  // Plus the number of references.
+constexpr int kTrueMarker = 0x09;
+constexpr int kWidth = 4;  // Bytes of an offset or a reference.
+
+class PropertyLists : public TemporaryRoot {
+ protected:
+  static NSData xml(const std::string& body) { return bytes("<!-- </dict> --><plist>" + body + "</plist>"); }
+
+  static std::string repeated(std::string_view text, int times) {
+    std::string all;
+    while (times-- > 0) all += text;
+    return all;
+  }
+
+  enum class End { Leaf, Cycle };
+  /// A binary list whose every object is an array of `width` references to the next one; the last is a leaf
+  /// or refers to the first.
+  static NSData chain(std::size_t length, int width, End end) {
+    NSData data = bytes("bplist00");
+    const auto put = [&data](std::size_t value, int count) {
+      while (count-- > 0) data.push_back(static_cast<std::uint8_t>(value >> (8 * count)));
+    };
+    std::vector<std::size_t> offsets;
+    for (std::size_t next = 1; next <= length; ++next) {
+      offsets.push_back(data.size());
+      const bool isLeaf = next == length && end == End::Leaf;
+      put(isLeaf ? kTrueMarker : kArrayMarker + width, 1);
+      for (int i = 0; !isLeaf && i < width; ++i) put(next % length, kWidth);
+    }
+    const std::size_t table = data.size();
+    for (std::size_t offset : offsets) put(offset, kWidth);
+    put(0, 6);
+    for (int i = 0; i < 2; ++i) put(kWidth, 1);
+    for (std::size_t number : {length, std::size_t{0}, table}) put(number, 8);
+    return data;
+  }
+};
+
+TEST_F(PropertyLists, EveryKindOfValueSurvivesBothForms) {
+  // clang-format off
+  const PropertyList all = Array{
+      "", "\u00e9 <&> ]]> <array>", true, false, 1, -5, std::numeric_limits<std::int64_t>::min(), double{0.7f},
+      1.0, NSData{0, 255, 10}, NSData(), PropertyListDate{-100}, PropertyListUid{3}, Array(), Dictionary(),
+      Dictionary{{"", 1}, {"a<b", Array{"two"}}}};
+  // clang-format on
+  for (auto format : {PropertyListFormat::Xml, PropertyListFormat::Binary}) {
+    const NSData data = dataWithPropertyList(all, format);
+    EXPECT_EQ(data[0], format == PropertyListFormat::Xml ? '<' : 'b');
+    EXPECT_EQ(propertyListWithData(data), all);
+  }
+}
+
+TEST_F(PropertyLists, WhatIsNoPropertyListGivesNothing) {
+  const NSData good[] = {xml("<true/>"), bytes("\xEF\xBB\xBF <true/>"), chain(500, 1, End::Leaf),
+                         xml(repeated("<array>", 500) + repeated("</array>", 500))};
+  for (const NSData& data : good) EXPECT_TRUE(propertyListWithData(data)) << &data - good;
+
+  NSData cut = chain(2, 1, End::Leaf);
+  cut.pop_back();
+  NSData nulInKey = dataWithPropertyList(Dictionary{{"key", 1}}, PropertyListFormat::Binary);
+  *std::find(nulInKey.begin(), nulInKey.end(), 'k') = '\0';
+  // clang-format off
+  const NSData broken[] = {
+      {}, NSData(100, 0), bytes("{ key = value; }"), cut, nulInKey, xml(""), xml("<array><true/>"), xml("<array></dict>"),
+      xml("<!DOCTYPE x [<!ENTITY a \"b\">]><true/>"), xml("<string>" + std::string(17 << 20, 'x') + "</string>")};
+  // clang-format on
+  for (const NSData& data : broken) EXPECT_FALSE(propertyListWithData(data)) << &data - broken;
+}
+
+TEST_F(PropertyLists, CyclesDepthAndSharedObjectsDoNotExhaustTheMachine) {
+  const NSData hostile[] = {chain(1, 1, End::Cycle), chain(3, 1, End::Cycle), chain(200000, 1, End::Leaf),
+                            chain(30, 10, End::Leaf)};
+  for (const NSData& data : hostile) EXPECT_FALSE(propertyListWithData(data)) << &data - hostile;
+  for (const char* opening : {"<array>", "<array >", "<array><!-- </array> -->", "<dict><key>a</key>"}) {
+    EXPECT_FALSE(propertyListWithData(xml(repeated(opening, 600000)))) << opening;
+  }
+}
+
+TEST_F(PropertyLists, NumbersAndBooleansConvertAndNothingElseDoes) {
+  constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  const struct {
+    PropertyList value;
+    std::optional<bool> asBool;
+    std::optional<float> asFloat;
+    std::optional<std::int32_t> asInt;
+    // clang-format off
+  } cases[] = {
+      {true, true, 1, 1}, {false, false, 0, 0}, {15, true, 15, 15}, {0, false, 0, 0}, {0.7, true, 0.7f, 0},
+      {-2.9, true, -2.9f, -2}, {2147483647.9, true, 2147483648.0f, 2147483647},
+      {2147483648.0, true, 2147483648.0f, {}}, {std::int64_t{1} << 40, true, std::ldexp(1.0f, 40), {}},
+      {double{kInfinity}, true, kInfinity, {}}, {"1", {}, {}, {}}, {NSData{1}, {}, {}, {}}, {Array{1}, {}, {}, {}}};
+  // clang-format on
+  for (const auto& each : cases) {
+    SCOPED_TRACE(&each - cases);
+    EXPECT_EQ(each.value.boolValue(), each.asBool);
+    EXPECT_EQ(each.value.floatValue(), each.asFloat);
+    EXPECT_EQ(each.value.intValue(), each.asInt);
+  }
+  EXPECT_EQ(PropertyList(std::nan("")).intValue(), std::nullopt);
+}
+
+TEST_F(PropertyLists, OnlyDictionariesAreReadFromAFile) {
+  const Dictionary settings = {{"enabled", true}};
+  ASSERT_TRUE(writeDictionaryToFile(settings, "/var/settings.plist"));
+  EXPECT_EQ(files().contents("/var/settings.plist")->front(), '<');
+  EXPECT_EQ(dictionaryWithContentsOfFile("/var/settings.plist"), settings);
+  ASSERT_TRUE(files().write("/array.plist", xml("<array/>"), NSFileManager::Writing::Plain));
+  EXPECT_FALSE(dictionaryWithContentsOfFile("/array.plist"));
+  EXPECT_FALSE(dictionaryWithContentsOfFile("/missing.plist"));
+  EXPECT_FALSE(writeDictionaryToFile(settings, "/var"));
+}
+
+}  // namespace

@@ -1,0 +1,230 @@
+#include "platform/quartzcore/layer_renderer.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <functional>
+#include <limits>
+#include <numbers>
+
+#include "platform/quartzcore/ca_gradient_layer.h"
+
+namespace {
+
+constexpr CGColor kWhite{1, 1, 1, 1}, kRed{1, 0, 0, 1}, kBlue{0, 0, 1, 1};
+constexpr std::uint32_t kRedPixel = 0xFF0000, kBluePixel = 0x0000FF;
+
+std::uint32_t pixelAt(const CGImageRef& image, int x, int y) {
+  const std::uint8_t* p = image->row(y) + x * 4;
+  return static_cast<std::uint32_t>(p[2] << 16 | p[1] << 8 | p[0]);
+}
+int redAt(const CGImageRef& image, int x, int y) { return static_cast<int>(pixelAt(image, x, y) >> 16); }
+
+/// An opaque picture of these pixels, 0xRRGGBB.
+CGImageRef picture(int width, const std::vector<std::uint32_t>& rgb) {
+  auto bytes = std::make_shared<std::vector<std::uint8_t>>(rgb.size() * 4);
+  std::memcpy(bytes->data(), rgb.data(), bytes->size());
+  CGPixelFormat format;
+  format.bitmapInfo = kCGImageAlphaNoneSkipFirstLittle;
+  return CGImage::create(width, int(rgb.size()) / width, format, std::size_t(width) * 4, bytes);
+}
+
+template <class Layer = CALayer>
+std::shared_ptr<Layer> addLayer(CALayer& superlayer, CGRect frame, std::optional<CGColor> color = {}) {
+  auto layer = std::make_shared<Layer>();
+  layer->setFrame(frame);
+  layer->setBackgroundColor(color);
+  superlayer.addSublayer(layer);
+  return layer;
+}
+
+std::shared_ptr<CAFilter> blurFilter(float radius) {
+  auto filter = CAFilter::filterWithType("gaussianBlur");
+  filter->setValue(radius, "inputRadius");
+  return filter;
+}
+
+/// Draws blue with a red point at (5, 5).
+struct Drawing : CALayerDelegate {
+  bool drawsContent() const override { return true; }
+  void drawLayer(CGContext& context) const override {
+    context.fill({{0, 0}, {100, 100}}, kBlue);
+    context.fill({{5, 5}, {1, 1}}, kRed);
+  }
+};
+
+/// Compares what `build` put into a layer with a drawing of it, a letter a pixel.
+void expectPixels(CGFloat scale, const std::vector<std::string>& wanted,
+                  const std::function<void(CALayer&)>& build) {
+  const std::map<std::uint32_t, char> letters = {{0, '.'},        {kRedPixel, 'r'}, {kBluePixel, 'b'},
+                                                 {0xFFFFFF, 'w'}, {0x800000, 'h'},  {0x990000, '1'},
+                                                 {0x74003D, '2'}, {0x00003D, '3'}};
+  CALayer root;
+  build(root);
+  const CGSize size{CGFloat(wanted[0].size()) / scale, CGFloat(wanted.size()) / scale};
+  const auto image = renderLayers({&root}, size, scale, RunLoop::main().now());
+  std::vector<std::string> rows(wanted.size());
+  for (int i = 0; i < image->width() * image->height(); ++i) {
+    auto letter = letters.find(pixelAt(image, i % image->width(), i / image->width()));
+    rows[static_cast<std::size_t>(i / image->width())] += letter == letters.end() ? '?' : letter->second;
+  }
+  EXPECT_EQ(rows, wanted);
+}
+
+TEST(LayerRenderer, PutsLayersWhereTheyBelong) {
+  expectPixels(1, {"....", "rr..", "hh.."}, [](CALayer& root) {
+    addLayer(root, {{-2, 1}, {4, 1.5f}}, kRed);
+  });
+  expectPixels(2, {"......", ".rrr..", "......"}, [](CALayer& root) {
+    addLayer(root, {{0.5f, 0.5f}, {1.5f, 0.5f}}, kRed);
+  });
+  expectPixels(1, {"....", ".b..", "...."}, [](CALayer& root) {  // Without area, but not without sublayers.
+    auto outer = addLayer(root, {{1, 1}, {0, 0}}, kRed);
+    outer->setBounds({{5, 5}, {0, 0}});
+    addLayer(*outer, {{5, 5}, {1, 1}}, kBlue);
+  });
+  expectPixels(1, {"...."}, [](CALayer& root) {
+    addLayer(*addLayer(root, {{0, 0}, {4, 1}}), {{0, 0}, {4, 1}}, kRed)->superlayer()->setHidden(true);
+    addLayer(*addLayer(root, {{0, 0}, {4, 1}}), {{0, 0}, {4, 1}}, kRed)->superlayer()->setOpacity(0);
+  });
+  expectPixels(1, {"1122233."}, [](CALayer& root) {  // Opacity, without groups.
+    auto outer = addLayer(root, {{0, 0}, {5, 1}}, kRed);
+    outer->setOpacity(0.6f);
+    addLayer(*outer, {{2, 0}, {5, 1}}, kBlue)->setOpacity(0.4f);
+  });
+}
+
+TEST(LayerRenderer, DrawsContentInOrderAndInsideItsMask) {
+  const auto redBlue = picture(2, {kRedPixel, kBluePixel});
+  Drawing drawing;
+  expectPixels(1, {"brrwww"}, [&](CALayer& root) {
+    auto layer = addLayer(root, {{0, 0}, {6, 1}}, kWhite);
+    layer->setFilters({CAFilter::filterWithType("colorInvert"), nullptr});  // Unknown.
+    layer->setContents(picture(1, {kRedPixel}));
+    addLayer(*layer, {{0, 0}, {1, 1}})->setDelegate(&drawing);
+    addLayer(*layer, {{3, 0}, {3, 1}}, kWhite);
+  });
+  expectPixels(1, {".br."}, [&](CALayer& root) {
+    auto mirrored = addLayer(root, {{1, 0}, {2, 1}});
+    mirrored->setContents(redBlue);
+    mirrored->setTransform(CATransform3DMakeScale(-1, -1, 1));
+  });
+  expectPixels(2, {"..........", "...rrbrbr.", "...rrbrbr.", "...bbbrbr."}, [&](CALayer& root) {
+    auto drawn = addLayer(root, {{1.5f, 0.5f}, {1.5f, 4}}), tiled = addLayer(root, {{3, 0.5f}, {1.5f, 4}});
+    drawn->setBounds({{5, 5}, {1.5f, 4}}), tiled->setBounds({{5.5f, 5.5f}, {1.5f, 4}});
+    drawn->setDelegate(&drawing);
+    tiled->setBackgroundPattern(CAPattern{redBlue, 2});
+  });
+  expectPixels(1, {"........", "..bbrr..", "..bbrr..", "........"}, [](CALayer& root) {
+    auto mask = addLayer(root, {{2, 1}, {4, 2}}, kBlue);
+    mask->setMasksToBounds(true);
+    mask->setShadowOpacity(1), mask->setShadowColor(kWhite);
+    addLayer(*mask, {{2, -5}, {9, 9}}, kRed);
+  });
+  expectPixels(1, {"?rr??bb?", "rrrrbbbb", "?rr??bb?"}, [](CALayer& root) {
+    auto mask = addLayer(root, {{0, 0}, {4, 3}}), filled = addLayer(root, {{4, 0}, {4, 3}}, kBlue);
+    mask->setCornerRadius(1), mask->setMasksToBounds(true), filled->setCornerRadius(1);
+    addLayer(*mask, {{0, 0}, {4, 3}}, kRed);
+  });
+}
+
+TEST(LayerRenderer, LeavesOutWhatIsFlatEndlessOrNoNumber) {
+  expectPixels(1, {"....", "..r."}, [](CALayer& root) {
+    constexpr CGFloat kHuge = 1e30f, kNaN = std::numeric_limits<CGFloat>::quiet_NaN();
+    for (CGFloat bad : {0.0f, 1e-30f, 1e-5f, kHuge, -kHuge, kNaN}) {
+      auto layer = addLayer(root, {{0, 0}, {4, 2}}, kBlue);
+      layer->setContents(picture(1, {kBluePixel}));
+      layer->setMasksToBounds(bad > 0), layer->setShadowOpacity(1);
+      layer->setTransform(CATransform3DMakeScale(bad, 1, 1));
+    }
+    for (CGFloat bad : {kHuge, kNaN}) addLayer(root, {{bad, 0}, {bad, 2}}, kBlue);
+    addLayer(root, {{0, 0}, {1, 1}}, kBlue)->setFilters({blurFilter(kHuge)});  // Too thin to be seen.
+    addLayer(root, {{2, 1}, {1, 1}}, kRed);
+  });
+  EXPECT_EQ(renderLayers({}, {0, 10}, 1, 0), nullptr);
+}
+
+TEST(LayerRenderer, CopiesPicturesExactlyInTheMiddleOfAnAnimation) {
+  constexpr int kSide = 80;
+  std::vector<std::uint32_t> noise;
+  for (std::uint32_t i = 0; i < kSide * kSide; ++i) noise.push_back(i * 2654435761u | 0xFF000000);
+  auto layer = std::make_shared<CALayer>();
+  Drawing backing;
+  layer->setDelegate(&backing);
+  layer->setFrame({{0, 0}, {40, 40}});
+  CAAnimationBlock::begin();
+  layer->setPosition({20, 60});
+  CAAnimationBlock::commit();
+  layer->setDelegate(nullptr);
+  layer->setContents(picture(kSide, noise));
+  const auto image = renderLayers({layer.get()}, {40, 40}, 2, RunLoop::main().now() + 0.1);  // Half way.
+  EXPECT_TRUE(std::equal(image->row(40), image->row(79) + kSide * 4, layer->contents()->row(0)));
+  EXPECT_EQ(pixelAt(image, 0, 39), 0u);
+}
+
+TEST(LayerRenderer, GradientsRunFromEdgeToEdge) {
+  for (CGFloat scale : {1.0f, 2.0f}) {
+    CALayer root;
+    auto even = addLayer<CAGradientLayer>(root, {{0, 0}, {20, 40}});
+    even->setColors({{0, 0, 0, 1}, {1, 0, 0, 1}, {0, 0, 0, 1}});
+    auto placed = addLayer<CAGradientLayer>(root, {{20, 0}, {20, 40}});
+    placed->setColors({{0.2f, 0, 0, 1}, {1, 0, 0, 1}});
+    placed->setLocations({0.25f, 0.5f});
+    placed->setOpacity(0.5f);
+    const auto image = renderLayers({&root}, {40, 40}, scale, 0);
+    for (int y = 0; y < image->height(); ++y) {
+      const double t = (y + 0.5) / image->height(), ramp = std::clamp((t - 0.25) / 0.25, 0.0, 1.0);
+      EXPECT_NEAR(redAt(image, 5, y), 255 * (1 - std::abs(1 - 2 * t)), 1.5) << y;
+      EXPECT_NEAR(redAt(image, image->width() - 5, y), 127.5 * (0.2 + 0.8 * ramp), 1.5) << y;
+    }
+  }
+}
+
+/// What a rectangle of value 1 comes to at `point` after a Gaussian blur.
+double blurred(CGRect rect, double sigma, CGPoint point) {
+  auto below = [&](double edge, double at) {
+    return 0.5 * std::erfc((at - edge) / (sigma * std::numbers::sqrt2));
+  };
+  return (below(CGRectGetMaxX(rect), point.x) - below(rect.origin.x, point.x)) *
+         (below(CGRectGetMaxY(rect), point.y) - below(rect.origin.y, point.y));
+}
+
+TEST(LayerRenderer, ShadowsAndBlursAreGaussian) {
+  const CGRect rect{{1, 2}, {13, 9}};
+  for (auto transform : {CGAffineTransformIdentity, CGAffineTransformMakeScale(-0.5f, 1.5f),
+                         CGAffineTransformMakeRotation(1.57079633f), CGAffineTransformMakeRotation(0.6f)}) {
+    for (bool asShadow : {true, false}) {
+      CALayer root;
+      auto layer = addLayer(root, {{12.5f, 14}, {16, 12}});
+      layer->setTransform(CATransform3DMakeAffineTransform(transform));
+      layer->setOpacity(0.8f);
+      if (asShadow) {
+        layer->setShadowPath(CGPath{{{3, 1}, rect.size}});
+        layer->setShadowOffset({-2, 1});
+        layer->setShadowColor(kRed), layer->setShadowOpacity(0.9f), layer->setShadowRadius(2);
+      } else {
+        layer->setFilters({blurFilter(2)});
+        addLayer(*layer, rect, kRed)->setOpacity(0.9f);
+      }
+      const auto image = renderLayers({&root}, {40, 40}, 2, 0);
+      const auto toLayer = CGAffineTransformInvert(CALayer::transformToSuperlayer(layer->model()));
+      for (int i = 0; i < 80 * 80; i += 7) {
+        const CGPoint center{(CGFloat(i % 80) + 0.5f) / 2, (CGFloat(i / 80) + 0.5f) / 2};
+        const double wanted =
+            0.8 * 0.9 * 255 * blurred(rect, 2, CGPointApplyAffineTransform(center, toLayer));
+        ASSERT_NEAR(redAt(image, i % 80, i / 80), wanted, 3) << i % 80 << ", " << i / 80;
+      }
+    }
+  }
+}
+
+TEST(LayerRenderer, BlurKeepsWhatIsFlat) {
+  expectPixels(2, {"...??????????111111", "...??????????111111"}, [](CALayer& root) {
+    auto layer =
+        addLayer(root, {{4, -9}, {99, 99}}, CGColor{0.6f, 0, 0, 1});  // Goes on outside of the screen.
+    layer->setFilters({blurFilter(1)});
+  });
+}
+
+}  // namespace

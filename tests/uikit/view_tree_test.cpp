@@ -1,0 +1,102 @@
+#include <functional>
+
+#include "platform/uikit/ui_image.h"
+#include "tests/uikit/views.h"
+
+namespace {
+
+/// A window with subviews a, b, c over a layer that is no view's, "-".
+class ViewTree : public testing::Test {
+ protected:
+  ViewTree() {
+    for (auto& view : {a, b, c}) window->addSubview(view);
+    window->layer().insertSublayer(gradient, 0);
+  }
+
+  std::string subviews() const {
+    std::string names;
+    for (const auto& view : window->subviews()) names += nameOf(view->layer());
+    return names;
+  }
+  std::string sublayers() const {
+    std::string names;
+    for (const auto& layer : window->layer().sublayers()) names += nameOf(*layer);
+    return names;
+  }
+  char nameOf(const CALayer& layer) const {
+    return &layer == &a->layer() ? 'a' : &layer == &b->layer() ? 'b' : &layer == &c->layer() ? 'c' : '-';
+  }
+
+  std::shared_ptr<UIWindow> window = visibleWindow();
+  std::shared_ptr<Recorder> a{new Recorder}, b{new Recorder}, c{new Recorder};
+  std::shared_ptr<CALayer> gradient = std::make_shared<CALayer>();
+};
+
+TEST_F(ViewTree, LayersFollowTheOrderOfSubviews) {
+  const struct {
+    const char* what;
+    std::function<void()> action;
+    std::string subviews, sublayers;
+  } steps[] = {
+      {"as added", [] {}, "abc", "-abc"},
+      {"to the front", [&] { window->bringSubviewToFront(*a); }, "bca", "-bca"},
+      {"under everything", [&] { window->sendSubviewToBack(*c); }, "cba", "c-ba"},
+      {"added again", [&] { window->addSubview(window->subviews()[1]); }, "cab", "c-ab"},
+      {"into another", [&] { c->addSubview(window->subviews()[1]); }, "cb", "c-b"},
+      {"of another", [&] { window->bringSubviewToFront(*a); }, "cb", "c-b"},
+      {"taken away", [&] { c->removeFromSuperview(); }, "b", "-b"},
+      {"nothing added", [&] { window->addSubview(nullptr); }, "b", "-b"},
+  };
+  for (const auto& step : steps) {
+    step.action();
+    EXPECT_EQ(subviews(), step.subviews) << step.what;
+    EXPECT_EQ(sublayers(), step.sublayers) << step.what;
+  }
+  EXPECT_EQ(a->superview(), c.get());
+  EXPECT_EQ(a->layer().superlayer(), &c->layer());
+  EXPECT_THROW(a->addSubview(c), std::invalid_argument);
+}
+
+TEST_F(ViewTree, AWholeBranchIsToldOfItsWindow) {
+  b->addSubview(a);  // Within the window: no news.
+  b->removeFromSuperview();
+  EXPECT_EQ(a->window(), nullptr);
+  auto other = visibleWindow();
+  other->addSubview(b);
+  window->addSubview(b);
+  EXPECT_EQ(a->window(), window.get());
+  const std::vector<std::string> expected{"in", "out", "in", "in"};
+  EXPECT_EQ(a->log, expected);
+  EXPECT_EQ(b->log, expected);
+}
+
+TEST_F(ViewTree, WhatOutlivesItsSuperviewOrItsViewStandsAlone) {
+  const auto layer = window->layerReference();
+  const auto orphan = std::weak_ptr(b);
+  b.reset();
+  window.reset();
+  EXPECT_TRUE(orphan.expired());
+  EXPECT_EQ(layer->delegate(), nullptr);
+  EXPECT_EQ(a->superview(), nullptr);
+  EXPECT_EQ(a->window(), nullptr);
+  EXPECT_EQ(a->layer().superlayer(), nullptr);
+}
+
+TEST(View, BackgroundGoesToTheLayerFlatOrTiled) {
+  UIView view;
+  const CALayer& layer = view.layer();
+  auto pixels = std::make_shared<std::vector<std::uint8_t>>(4 * 4 * 4);
+  auto picture = UIImage::imageWithCGImage(CGImage::create(4, 4, {}, 16, pixels), 2, UIImageOrientation::Up);
+  view.setBackgroundColor(UIColor::colorWithPatternImage(picture));
+  ASSERT_TRUE(layer.backgroundPattern());
+  EXPECT_EQ(layer.backgroundPattern()->image, picture->cgImage());
+  EXPECT_EQ(layer.backgroundPattern()->scale, 2);
+  EXPECT_FALSE(layer.backgroundColor());
+  view.setBackgroundColor(UIColor::grayColor());
+  EXPECT_FALSE(layer.backgroundPattern());
+  EXPECT_EQ(layer.backgroundColor(), (CGColor{0.5f, 0.5f, 0.5f, 1}));
+  view.setBackgroundColor(std::nullopt);
+  EXPECT_FALSE(layer.backgroundColor());
+}
+
+}  // namespace
