@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/json_numbers.h"
+#include "host/json_text.h"
 #include "host/spring_board.h"
 #include "platform/uikit/ui_view.h"
 

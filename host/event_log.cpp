@@ -1,7 +1,7 @@
 #include "host/event_log.h"
 
 #include "host/failure.h"
-#include "host/json_numbers.h"
+#include "host/json_text.h"
 #include "platform/foundation/run_loop.h"
 
 namespace host {
@@ -29,6 +29,7 @@ void EventLog::checkWritten() const {
 }
 
 void EventLog::write(std::string_view event, const TraceFields& fields) {
+  if (failure_) return;  // The first cause is the one that counts.
   Json line = {{"time", jsonTime(RunLoop::main().now())}, {"event", event}};
   for (auto& [name, value] : fields) line[name] = jsonValue(value);
   try {

@@ -11,32 +11,9 @@ namespace {
 
 constexpr double kQuarterTurn = std::numbers::pi / 2;
 
-/// How far, in pixels, a picture may lie off the pixel grid and still be taken to lie on it: what is lost on
-/// the way through 32-bit geometry, and well under what can be seen.
-constexpr double kGridTolerance = 1.0 / 1024;
-
 bool isDrawable(CGRect rect) {
   return rect.size.width > 0 && rect.size.height > 0 && std::isfinite(rect.origin.x) &&
          std::isfinite(rect.origin.y) && std::isfinite(rect.size.width) && std::isfinite(rect.size.height);
-}
-
-/// Moves a matrix from picture to device pixels onto the pixel grid when it is all but there already: turns
-/// by quarters, mirrorings and shifts by whole pixels. True when it is on the grid.
-bool snapToGrid(cairo_matrix_t& matrix, int width, int height) {
-  const cairo_matrix_t snapped{std::round(matrix.xx), std::round(matrix.yx), std::round(matrix.xy),
-                               std::round(matrix.yy), std::round(matrix.x0), std::round(matrix.y0)};
-  const bool keepsPixels = std::abs(snapped.xx) + std::abs(snapped.xy) == 1 &&
-                           std::abs(snapped.yx) + std::abs(snapped.yy) == 1 &&
-                           std::abs(snapped.xx) + std::abs(snapped.yx) == 1;
-  if (!keepsPixels) return false;
-  // The far corner strays the furthest.
-  const double offX = std::abs(matrix.xx - snapped.xx) * width + std::abs(matrix.xy - snapped.xy) * height +
-                      std::abs(matrix.x0 - snapped.x0);
-  const double offY = std::abs(matrix.yx - snapped.yx) * width + std::abs(matrix.yy - snapped.yy) * height +
-                      std::abs(matrix.y0 - snapped.y0);
-  if (offX > kGridTolerance || offY > kGridTolerance) return false;
-  matrix = snapped;
-  return true;
 }
 
 /// Fills `area` with `image`, one copy of which lies on `place`; `extend` says what is around that copy.
@@ -48,33 +25,23 @@ void drawPattern(cairo_t* cairo, const CGImageRef& image, CGRect place, CGRect a
   // A source in error state would spoil the context for good.
   if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return;
 
-  cairo_matrix_t imageToDevice;
-  cairo_get_matrix(cairo, &imageToDevice);
-  cairo_matrix_translate(&imageToDevice, place.origin.x, place.origin.y);
-  cairo_matrix_scale(&imageToDevice, double(place.size.width) / image->width(),
-                     double(place.size.height) / image->height());
-  const bool exact = snapToGrid(imageToDevice, image->width(), image->height());
-  cairo_matrix_t deviceToImage = imageToDevice;
-  if (cairo_matrix_invert(&deviceToImage) != CAIRO_STATUS_SUCCESS) return;
-
-  const CairoPatternPtr pattern(cairo_pattern_create_for_surface(surface.get()));
-  cairo_pattern_set_matrix(pattern.get(), &deviceToImage);
-  cairo_pattern_set_extend(pattern.get(), extend);
-  // "Good" averages where a picture shrinks and is linear elsewhere.
-  cairo_pattern_set_filter(pattern.get(), exact ? CAIRO_FILTER_NEAREST : CAIRO_FILTER_GOOD);
-
   cairo_save(cairo);
   cairo_new_path(cairo);
   cairo_rectangle(cairo, area.origin.x, area.origin.y, area.size.width, area.size.height);
-  cairo_identity_matrix(cairo);
-  cairo_set_source(cairo, pattern.get());
+  cairo_translate(cairo, place.origin.x, place.origin.y);
+  cairo_scale(cairo, double(place.size.width) / image->width(), double(place.size.height) / image->height());
+  cairo_set_source_surface(cairo, surface.get(), 0, 0);
+  cairo_pattern_set_extend(cairo_get_source(cairo), extend);
+  // "Good" leaves pixels alone that fall on the device's, averages where a picture shrinks and is linear
+  // elsewhere.
+  cairo_pattern_set_filter(cairo_get_source(cairo), CAIRO_FILTER_GOOD);
   if (alpha >= 1) {
     cairo_fill(cairo);
   } else {
     cairo_clip(cairo);
     cairo_paint_with_alpha(cairo, alpha);
   }
-  // Restoring does not bring back the path; the source lets go of the borrowed pixels here.
+  // With the source goes the hold on the borrowed pixels.
   cairo_restore(cairo);
 }
 

@@ -39,7 +39,10 @@ TEST(CGContext, DrawsPixelForPixelWithoutTouchingAny) {
     CGAffineTransform source;  // From the pixel drawn to the picture's.
   } cases[] = {
       {"upright", {}, {0, 0}, {}},
-      {"where float arithmetic just misses the grid", {1, 0, 0, 1, -300.0002f, -300.0002f}, {300, 300}, {}},
+      {"where rounding just misses the grid",
+       {1.00002f, 0, 0, 0.99998f, -300.006f, -299.994f},
+       {300, 300},
+       {}},
       {"mirrored", {-1, 0, 0, 1, 15, 0}, {0, 0}, {-1, 0, 0, 1, 29, 0}},
       {"turned to the right", {-4e-8f, 1, -1, -4e-8f, 21, 0}, {0, 0}, {0, -1, 1, 0, 0, 41}},
   };

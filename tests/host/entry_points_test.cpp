@@ -129,13 +129,15 @@ Lines switching(const std::string& to, const std::string& from, Process process 
   if (starts) result.push_back("UIApplication _reportAppLaunchFinished");
   return result;
 }
-Lines locking(const std::string& by) {
-  return {"* device-locked " + by, "SBAwayView initWithFrame:", "SBAwayView didMoveToWindow"};
-}
-
 Lines operator+(Lines left, const Lines& right) {
   left.insert(left.end(), right.begin(), right.end());
   return left;
+}
+
+/// `before`: what becomes of the view that is still there.
+Lines locking(const std::string& by, const Lines& before = {}) {
+  return Lines{"* device-locked " + by} + before +
+         Lines{"SBAwayView initWithFrame:", "SBAwayView didMoveToWindow"};
 }
 
 using EntryPoints = BootTest;
@@ -192,7 +194,7 @@ TEST_F(EntryPoints, areSentInTheFlowsOfADay) {
          switchTo(application("one"));
          board.pressLock();
        },
-       switching("one", "-") + locking("button")},
+       switching("one", "-") + locking("button", {"SBAwayView didMoveToWindow"})},
       {"home on the lock screen",
        [&] { board.pressHome(); },
        {"SBAwayView handleMenuButtonTap", "SBAwayController undimScreen"}},
@@ -217,7 +219,7 @@ TEST_F(EntryPoints, areSentInTheFlowsOfADay) {
     EXPECT_EQ(std::exchange(lines, {}), flow.expected) << flow.name;
   }
   setTraceSink({});
-  EXPECT_EQ(board.recents(), (NSStringArray{"com.example.two", "com.example.one"}));
+  EXPECT_EQ(board.recents(), (NSStringArray{"com.example.three", "com.example.one", "com.example.two"}));
 }
 
 TEST_F(EntryPoints, findTheRecentsUpToDateInTheTransition) {

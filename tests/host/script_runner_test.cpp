@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "host/event_log.h"
-#include "host/json_numbers.h"
+#include "host/json_text.h"
 #include "platform/foundation/darwin_notification_center.h"
 #include "platform/foundation/trace.h"
 #include "platform/uikit/ui_window.h"

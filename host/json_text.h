@@ -19,7 +19,7 @@ Json jsonTime(CFTimeInterval time);
 
 /// One line of text. What is no UTF-8 is replaced, not refused.
 std::string jsonLine(const Json& json);
-/// The same over several lines.
+/// The same over several lines, for reading.
 std::string jsonPage(const Json& json);
 
 }  // namespace host
