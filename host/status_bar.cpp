@@ -12,7 +12,7 @@ constexpr CGFloat kBarHeight = UIStatusBar::height;
 }  // namespace
 
 void StatusBar::build(UIInterfaceOrientation orientation) {
-  if (bar_) bar_->removeFromSuperview();
+  remove();
   const CGSize interface = interfaceSize(model_.size, orientation);
   bar_ = std::make_shared<UIStatusBar>();
   if (!bar_->initWithFrame(CGRectMake(0, 0, interface.width, kBarHeight))) {
@@ -29,6 +29,11 @@ void StatusBar::build(UIInterfaceOrientation orientation) {
     window->addSubview(bar_);
     window->setHidden(false);
   }
+}
+
+void StatusBar::remove() {
+  if (bar_) bar_->removeFromSuperview();
+  bar_ = nullptr;
 }
 
 void StatusBar::updateTime() {

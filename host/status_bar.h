@@ -12,6 +12,9 @@ namespace host {
 class StatusBar {
  public:
   explicit StatusBar(const DeviceModel& model) : model_(model) {}
+  StatusBar(const StatusBar&) = delete;
+  StatusBar& operator=(const StatusBar&) = delete;
+  ~StatusBar() { remove(); }
 
   /// Builds a fresh bar for that orientation and puts it in the place of the one before.
   void build(UIInterfaceOrientation orientation);
@@ -19,6 +22,8 @@ class StatusBar {
   void updateTime();
 
  private:
+  void remove();  // The window that carries it outlives this.
+
   DeviceModel model_;
   std::shared_ptr<UIStatusBar> bar_;  // Null where it could not be made.
 };

@@ -198,8 +198,8 @@ TEST_F(EntryPoints, areSentInTheFlowsOfADay) {
       {"home on the lock screen",
        [&] { board.pressHome(); },
        {"SBAwayView handleMenuButtonTap", "SBAwayController undimScreen"}},
-      {"switch on the lock screen", [] { switchTo(application("two")); },
-       switching("two", "one", Process::Starts)},
+      {"switch on the lock screen", [] { switchTo(application("three")); },
+       switching("three", "one", Process::Starts)},
       {"unlock", [&] { board.unlock(); },
        Lines{"* device-unlocked", "SBAwayController undimScreen"} + barBuilding +
            Lines{"SBAwayView didMoveToWindow"}},

@@ -119,9 +119,7 @@ TEST_F(ScriptRunnerTest, ARecordingIsKeptWhenAScriptFails) {
 
 TEST_F(ScriptRunnerTest, TimePassesOnlyAsAsked) {
   RunLoop& loop = RunLoop::main();
-  auto elapsed = [&, start = loop.now()]() mutable {
-    return loop.now() - std::exchange(start, loop.now());
-  };
+  auto elapsed = [&, start = loop.now()]() mutable { return loop.now() - std::exchange(start, loop.now()); };
 
   loop.scheduleAfter(0.5, [] {});
   EXPECT_EQ(play(""), 0);

@@ -44,7 +44,7 @@ class Process : public testing::Test {
     std::ofstream(folder_ / "in.script") << script;
     fs::remove(folder_ / "log");
     const std::string command = "cd '" + folder_.string() + "' && " + SPRINGBOARD +
-                                " --root root --script in.script --log log " + options + " >out 2>err";
+                                " --log log " + usual + ' ' + options + " >out 2>err";
     const int status = std::system(command.c_str());
     Result result{WEXITSTATUS(status), contents(folder_ / "out"), contents(folder_ / "err"), {}};
     std::istringstream lines(contents(folder_ / "log"));

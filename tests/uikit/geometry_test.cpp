@@ -58,9 +58,7 @@ TEST(Convert, GoesThroughFramesBoundsAndTransforms) {
   turned->setTransform(CGAffineTransformMakeRotation(std::numbers::pi_v<float> / 2));
   turned->setTransform(CGAffineTransformConcat(turned->transform(), CGAffineTransformMakeScale(-2, 2)));
 
-  // The turned view's centre lies at (40, 70 - 50) of the scrolled view's frame; one point right of its
-  // centre is, turned and scaled, two points further down; one point below its centre, mirrored too, two to
-  // the right.
+  // Right of the turned view's centre is down on screen; below it is, mirrored, right.
   const struct {
     CGPoint inView, onScreen;
   } cases[] = {{{20, 10}, {370, 140}}, {{21, 10}, {370, 142}}, {{20, 11}, {372, 140}}};

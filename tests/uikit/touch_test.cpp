@@ -67,8 +67,6 @@ TEST_F(Touches, WhatNoFingerDoesIsRefused) {
   EXPECT_THROW(touches.cancel(1, 0), IncoherentTouch);
   touches.down(1, {-5, -5}, 0);  // On no view: tracked, for nobody.
   EXPECT_THROW(touches.down(1, {1, 1}, 0), IncoherentTouch);
-  touches.up(1, {1, 1}, 0);
-  EXPECT_THROW(touches.up(1, {1, 1}, 0), IncoherentTouch);
 }
 
 /// Counts the actions that reach it.

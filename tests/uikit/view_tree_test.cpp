@@ -13,16 +13,13 @@ class ViewTree : public testing::Test {
     window->layer().insertSublayer(gradient, 0);
   }
 
-  std::string subviews() const {
+  /// The window's subviews or sublayers, back to front.
+  std::string names(const auto& children) const {
     std::string names;
-    for (const auto& view : window->subviews()) names += nameOf(view->layer());
+    for (const auto& child : children) names += nameOf(*child);
     return names;
   }
-  std::string sublayers() const {
-    std::string names;
-    for (const auto& layer : window->layer().sublayers()) names += nameOf(*layer);
-    return names;
-  }
+  char nameOf(const UIView& view) const { return nameOf(view.layer()); }
   char nameOf(const CALayer& layer) const {
     return &layer == &a->layer() ? 'a' : &layer == &b->layer() ? 'b' : &layer == &c->layer() ? 'c' : '-';
   }
@@ -49,8 +46,8 @@ TEST_F(ViewTree, LayersFollowTheOrderOfSubviews) {
   };
   for (const auto& step : steps) {
     step.action();
-    EXPECT_EQ(subviews(), step.subviews) << step.what;
-    EXPECT_EQ(sublayers(), step.sublayers) << step.what;
+    EXPECT_EQ(names(window->subviews()), step.subviews) << step.what;
+    EXPECT_EQ(names(window->layer().sublayers()), step.sublayers) << step.what;
   }
   EXPECT_EQ(a->superview(), c.get());
   EXPECT_EQ(a->layer().superlayer(), &c->layer());

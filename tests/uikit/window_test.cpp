@@ -34,9 +34,6 @@ TEST(Windows, LieByLevelThenByWhenTheyBecameVisible) {
   EXPECT_EQ(shown(), (Windows{b, a, h}));
   second->makeKeyAndVisible();
   EXPECT_EQ(shown(), (Windows{a, b, h}));
-  first->setHidden(true);
-  first->setHidden(false);
-  EXPECT_EQ(shown(), (Windows{b, a, h}));
   second->setWindowLevel(5);
   EXPECT_EQ(shown(), (Windows{a, h, b}));
   high->setWindowLevel(5);  // It has that level: nothing happens.
