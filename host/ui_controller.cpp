@@ -147,6 +147,7 @@ void UIController::traceActivation(const Application& application) const {
 
 void UIController::setFront(std::shared_ptr<AppScreen> screen) {
   UIPeripheralHost::sharedInstance().hideKeyboard();
+  statusBar_.updateTime();
   Application* before = frontApplication();
   screen_ = std::move(screen);
   if (before) {
