@@ -1,5 +1,6 @@
 #include "prefs/preference_files.h"
 
+#include <charconv>
 #include <cmath>
 #include <memory>
 #include <string>
@@ -20,54 +21,77 @@ constexpr const char* favouriteKeys[] = {"fav1", "fav2", "fav3", "fav4", "fav5"}
 /// What a file that lacks a key does to the setting.
 enum class Absent { Keep, Clear };
 
-/// The key is carried in the file for the settings pane; nothing here depends on it.
+/// A key that is carried in the file for the settings pane; nothing here depends on it.
 struct Unused {};
+constexpr bool unusedDefault = true;
 
-/// One key: which setting it is, what a file without it means, what a new file holds.
+/// One key: which setting it is, and what a file without it means.
 struct Key {
   const char* name;
   std::variant<Unused, std::string Settings::*, bool Settings::*, float Settings::*, std::int32_t Settings::*,
                UIColor Settings::*>
       setting;
-  Absent absent;
-  PropertyList newFileValue;
+  Absent absent = Absent::Keep;
 };
-
-PropertyList archived(const UIColor& color) { return archivedDataWithRootObject(color); }
-PropertyList stored(std::string_view text) { return std::string(text); }
 
 /// In the order in which they are read.
 const Key keys[] = {
-    {"swipeDirection", &Settings::swipeDirection, Absent::Keep, stored(word::right)},
-    {"animationStyle", &Settings::animationStyle, Absent::Keep, stored(word::push)},
-    {"flatAnimationStyle", &Settings::flatAnimationStyle, Absent::Keep, stored(word::side)},
-    {"upDownOpen", &Settings::upDownOpen, Absent::Keep, false},
-    {"appNames", &Settings::appNames, Absent::Keep, false},
-    {"blur", &Settings::blur, Absent::Keep, false},
-    {"dim", &Settings::dim, Absent::Keep, true},
-    {"enabled", &Settings::enabled, Absent::Keep, true},
-    {"iconFade", &Settings::iconFade, Absent::Keep, false},
-    {"nameFade", &Settings::nameFade, Absent::Clear, false},
-    {"activatorOnly", &Settings::activatorOnly, Absent::Clear, false},
-    {"lsEnabled", &Settings::lsEnabled, Absent::Clear, true},
-    {"liquid", Unused(), Absent::Keep, true},
-    {"holdDownAction", Unused(), Absent::Keep, true},
-    {"favouritesEnabled", &Settings::favouritesEnabled, Absent::Clear, false},
-    {"appNamePosition", &Settings::appNamePosition, Absent::Clear, stored(word::bottom)},
-    {"iconAnimation", &Settings::iconAnimation, Absent::Clear, stored(word::grow)},
-    {"nameAnimation", &Settings::nameAnimation, Absent::Clear, stored(word::grow)},
-    {"background", &Settings::background, Absent::Keep, stored(word::linen)},
-    {"swipeActionEnabled", &Settings::swipeActionEnabled, Absent::Keep, true},
-    {"swipeUpAction", &Settings::swipeUpAction, Absent::Keep, stored(word::lock)},
-    {"swipeDownAction", &Settings::swipeDownAction, Absent::Keep, stored(word::home)},
-    {"iconSize", &Settings::iconSize, Absent::Keep, 0.7},
-    {"visibleEdge", &Settings::visibleEdge, Absent::Keep, 15},
-    {"topColor", &Settings::topColor, Absent::Keep, archived(UIColor::grayColor())},
-    {"bottomColor", &Settings::bottomColor, Absent::Keep, archived(UIColor::darkGrayColor())},
+    {"swipeDirection", &Settings::swipeDirection},
+    {"animationStyle", &Settings::animationStyle},
+    {"flatAnimationStyle", &Settings::flatAnimationStyle},
+    {"upDownOpen", &Settings::upDownOpen},
+    {"appNames", &Settings::appNames},
+    {"blur", &Settings::blur},
+    {"dim", &Settings::dim},
+    {"enabled", &Settings::enabled},
+    {"iconFade", &Settings::iconFade},
+    {"nameFade", &Settings::nameFade, Absent::Clear},
+    {"activatorOnly", &Settings::activatorOnly, Absent::Clear},
+    {"lsEnabled", &Settings::lsEnabled, Absent::Clear},
+    {"liquid", Unused()},
+    {"holdDownAction", Unused()},
+    {"favouritesEnabled", &Settings::favouritesEnabled, Absent::Clear},
+    {"appNamePosition", &Settings::appNamePosition, Absent::Clear},
+    {"iconAnimation", &Settings::iconAnimation, Absent::Clear},
+    {"nameAnimation", &Settings::nameAnimation, Absent::Clear},
+    {"background", &Settings::background},
+    {"swipeActionEnabled", &Settings::swipeActionEnabled},
+    {"swipeUpAction", &Settings::swipeUpAction},
+    {"swipeDownAction", &Settings::swipeDownAction},
+    {"iconSize", &Settings::iconSize},
+    {"visibleEdge", &Settings::visibleEdge},
+    {"topColor", &Settings::topColor},
+    {"bottomColor", &Settings::bottomColor},
 };
 
-/// The stored value as the setting's type, or nothing where it cannot be one. A stored zero is no size, nor is what no
-/// geometry can be made of.
+/// What a new file holds for a setting: its built-in default.
+PropertyList stored(const std::string& text) { return text; }
+PropertyList stored(bool flag) { return flag; }
+PropertyList stored(std::int32_t number) { return number; }
+PropertyList stored(const UIColor& color) { return archivedDataWithRootObject(color); }
+PropertyList stored(float number) {
+  // The shortest decimal that is this float, so that the file says 0.7 and not what 0.7f is as a double.
+  char digits[32];
+  const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+  double value = number;
+  std::from_chars(digits, end, value);
+  return value;
+}
+
+PropertyList defaultOf(const Key& key) {
+  return std::visit(
+      [](auto setting) -> PropertyList {
+        if constexpr (std::is_same_v<decltype(setting), Unused>) {
+          return unusedDefault;
+        } else {
+          return stored(Settings().*setting);
+        }
+      },
+      key.setting);
+}
+
+/// The stored value as the setting's type, or nothing where it cannot be one. A stored zero is no size, nor
+/// is what no geometry can be made of.
 std::optional<std::string> convert(const PropertyList& value, std::string Settings::*) {
   auto* text = value.as<std::string>();
   return text ? std::optional(*text) : std::nullopt;
@@ -86,12 +110,12 @@ std::optional<UIColor> convert(const PropertyList& value, UIColor Settings::*) {
   return data ? unarchiveColorWithData(*data) : std::nullopt;
 }
 
-void applyKey(const Key& key, const PropertyList* stored) {
+void applyKey(const Key& key, const PropertyList* inFile) {
   std::visit(
       [&](auto setting) {
         if constexpr (!std::is_same_v<decltype(setting), Unused>) {
           auto& target = settings.*setting;
-          if (auto value = stored ? convert(*stored, setting) : std::nullopt) {
+          if (auto value = inFile ? convert(*inFile, setting) : std::nullopt) {
             target = *value;
           } else if (key.absent == Absent::Clear) {
             target = {};
@@ -117,7 +141,7 @@ std::optional<PropertyListDictionary> readPreferencesFile() {
 
 PropertyListDictionary defaultPreferences() {
   PropertyListDictionary preferences;
-  for (const Key& key : keys) preferences.emplace(key.name, key.newFileValue);
+  for (const Key& key : keys) preferences.emplace(key.name, defaultOf(key));
   return preferences;
 }
 
@@ -131,8 +155,8 @@ void applyPreferences(const PropertyListDictionary& preferences) {
 
   NSStringArray favourites;
   for (const char* name : favouriteKeys) {
-    const PropertyList* stored = find(preferences, name);
-    if (auto* identifier = stored ? stored->as<std::string>() : nullptr) favourites.push_back(*identifier);
+    const PropertyList* value = find(preferences, name);
+    if (auto* identifier = value ? value->as<std::string>() : nullptr) favourites.push_back(*identifier);
   }
   favouriteApps = std::make_shared<const NSStringArray>(std::move(favourites));
 }

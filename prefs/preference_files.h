@@ -15,8 +15,8 @@ PropertyListDictionary defaultPreferences();
 /// Writes the preferences file, whole or not at all; a failure is ignored.
 void writePreferencesFile(const PropertyListDictionary& preferences);
 
-/// Sets every setting and the favourites from `preferences`. A key that is absent, or of a type that cannot be
-/// converted, leaves its setting as it is or clears it, as the table of keys says.
+/// Sets every setting and the favourites from `preferences`. A key that is absent, or of a type that cannot
+/// be converted, leaves its setting as it is or clears it, as the table of keys says.
 void applyPreferences(const PropertyListDictionary& preferences);
 
 /// Sets `disabledApps` from the apps file; without that file the list stays.

@@ -1,4 +1,5 @@
-#include "startup/start.h"
+#include "startup/hook_table.h"
 
-/// Runs when the injection framework loads the library.
-__attribute__((constructor)) static void vistrelConstructor() { vistrel::start(); }
+/// Runs when the injection framework loads the library. The settings stand at their defaults; preferences are
+/// read later, when SpringBoard is ready for the switcher.
+__attribute__((constructor)) static void loadVistrel() { vistrel::installHooks(); }

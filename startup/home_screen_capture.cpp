@@ -4,7 +4,7 @@
 #include "platform/uikit/display.h"
 #include "platform/uikit/ui_image.h"
 #include "prefs/settings.h"
-#include "switcher/home_screen_picture.h"
+#include "switcher/device_paths.h"
 #include "switcher/shared_state.h"
 
 namespace vistrel {

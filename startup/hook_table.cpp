@@ -18,8 +18,8 @@
 #include "startup/setup.h"
 #include "strips/card_dragger.h"
 #include "switcher/card_scroller.h"
-#include "switcher/layout.h"
 #include "switcher/shared_state.h"
+#include "switcher/window_level.h"
 
 namespace vistrel {
 namespace {
@@ -32,8 +32,8 @@ void hideForDisabledApp(SBApplication* application) {
   if (switcherWindow && application && isDisabled(*application)) switcherWindow->hideForApp();
 }
 
-// Most rows only put the window back on top, before or after what SpringBoard does. `row` keeps the rows apart whose
-// methods are of one type.
+// Most rows only put the window back on top, before or after what SpringBoard does. `row` keeps the rows
+// apart whose methods are of one type.
 
 template <int row, class Self, class... Args>
 void reassertAfter(Self& self, Args... args) {
@@ -123,10 +123,6 @@ constexpr Hook hookTable[] = {
 
 void installHooks() {
   for (const Hook& row : hookTable) row.install(row);
-}
-
-void reassertWindowLevel() {
-  if (switcherWindow) switcherWindow->setWindowLevel(restingLevel);
 }
 
 }  // namespace vistrel

@@ -2,11 +2,9 @@
 
 namespace vistrel {
 
-/// Replaces the nineteen methods through which SpringBoard keeps the switcher informed, in a fixed order. Each
-/// replacement calls the previous implementation with the same receiver and arguments and returns its result.
+/// Replaces the nineteen methods through which SpringBoard keeps the switcher informed, in a fixed order.
+/// Each replacement calls the previous implementation with the same receiver and arguments and returns its
+/// result.
 void installHooks();
-
-/// Puts the switcher's window back on top; SpringBoard has just raised something else, perhaps.
-void reassertWindowLevel();
 
 }  // namespace vistrel

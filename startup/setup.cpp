@@ -1,19 +1,22 @@
 #include "startup/setup.h"
 
+#include <vector>
+
 #include "platform/activator/activator.h"
 #include "platform/foundation/darwin_notification_center.h"
 #include "platform/foundation/file_manager.h"
 #include "platform/uikit/ui_alert_view.h"
 #include "prefs/settings.h"
-#include "startup/hook_table.h"
 #include "startup/rotation_events.h"
 #include "startup/vistrel_listener.h"
 #include "strips/card_dragger.h"
 #include "strips/name_dragger.h"
 #include "switcher/card_scroller.h"
+#include "switcher/device_paths.h"
 #include "switcher/layout.h"
 #include "switcher/load_preferences.h"
 #include "switcher/shared_state.h"
+#include "switcher/window_level.h"
 
 namespace vistrel {
 namespace {
@@ -24,6 +27,13 @@ constexpr const char* activatorPresenceFile = "/var/lib/dpkg/info/libactivator.l
 constexpr float gapAboveIconStrip = 10;
 
 bool activatorWarningShown = false;
+
+/// Keeps an object for the life of the process. Nothing takes it down at exit, when the frameworks it stands
+/// on may already be gone.
+void keepForGood(id object) {
+  static auto* kept = new std::vector<id>;
+  kept->push_back(std::move(object));
+}
 
 void observePreferences() {
   CFNotificationCenterAddObserver(CFNotificationCenterGetDarwinNotifyCenter(), nullptr, prefsChangedCallback,
@@ -64,10 +74,10 @@ void createNameStrip() {
 }
 
 void showActivatorWarning(SBAwayView& delegate) {
-  auto alert = std::make_shared<UIAlertView>(
-      "Vistrel Warning",
-      "You have set Vistrel to only be activated via Activator, but you seem not to have Activator installed.", &delegate,
-      "OK", std::vector<std::string>());
+  auto alert = std::make_shared<UIAlertView>("Vistrel Warning",
+                                             "You have set Vistrel to only be activated via Activator, but "
+                                             "you seem not to have Activator installed.",
+                                             &delegate, "OK", std::vector<std::string>());
   alert->show();
   activatorWarningShown = true;
 }

@@ -19,7 +19,8 @@ constexpr std::int32_t noIconYet = 9999;
 
 void registerActions() {
   ActionWithObject enlarge = [](NSObject& self, const id& index) {
-    if (auto* number = dynamic_cast<NSNumber*>(index.get())) static_cast<CardDragger&>(self).enlargeIconAtIndex(*number);
+    if (auto* number = dynamic_cast<NSNumber*>(index.get()))
+      static_cast<CardDragger&>(self).enlargeIconAtIndex(*number);
   };
   ActionWithObject open = [](NSObject& self, const id& sender) {
     if (auto* view = dynamic_cast<UIView*>(sender.get())) static_cast<CardDragger&>(self).openApp(*view);
@@ -34,7 +35,9 @@ std::shared_ptr<UIImage> iconImage(const std::string& identifier) {
 }
 
 /// Effects that only move or turn an icon need it there from the start; the others let it grow from nothing.
-bool growsFromNothing() { return settings.iconAnimation == word::grow || settings.iconAnimation == word::none; }
+bool growsFromNothing() {
+  return settings.iconAnimation == word::grow || settings.iconAnimation == word::none;
+}
 
 }  // namespace
 
@@ -70,6 +73,8 @@ void CardDragger::scrollIcons(float) {}
 
 void CardDragger::didRotateFromInterfaceOrientation(UIInterfaceOrientation from) { reorient(*this, from); }
 
-bool CardDragger::shouldAutorotateToInterfaceOrientation(int orientation) { return isInterfaceOrientation(orientation); }
+bool CardDragger::shouldAutorotateToInterfaceOrientation(int orientation) {
+  return isInterfaceOrientation(orientation);
+}
 
 }  // namespace vistrel

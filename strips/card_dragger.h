@@ -4,19 +4,17 @@
 #include <memory>
 #include <vector>
 
+#include "platform/foundation/ns_array.h"
 #include "platform/foundation/ns_number.h"
 #include "platform/uikit/ui_image_view.h"
 #include "platform/uikit/ui_orientation.h"
 
 namespace vistrel {
 
-/// No place in a list.
-inline constexpr std::int32_t NSNotFound = INT32_MAX;
-
 /// The strip of application icons across the switcher; one exists, a subview of the window for good.
 ///
-/// One icon an application on offer, in slots of equal width. The icon under the finger stands out; in pick mode lifting
-/// the finger over an icon opens its application.
+/// One icon an application on offer, in slots of equal width. The icon under the finger stands out; in pick
+/// mode lifting the finger over an icon opens its application.
 class CardDragger : public UIView {
   OBJC_CLASS(CardDragger, UIView)
  public:
@@ -56,9 +54,9 @@ class CardDragger : public UIView {
 
   Icons icons_;
   CGPoint startPoint_;
-  float lastPoint_ = 0;           ///< Carried; nothing depends on it.
-  std::int32_t lastIndex_ = 0;    ///< The icon last selected, or NSNotFound. Survives rebuilds and showings.
-  std::int32_t draggableIcon_;    ///< The icon that last pulsed.
+  float lastPoint_ = 0;         ///< Carried; nothing depends on it.
+  std::int32_t lastIndex_ = 0;  ///< The icon last selected, or NSNotFound. Survives rebuilds and showings.
+  std::int32_t draggableIcon_;  ///< The icon that last pulsed.
 };
 
 }  // namespace vistrel

@@ -13,10 +13,6 @@ namespace vistrel {
 namespace {
 
 constexpr std::int32_t noIconDragged = 9999999;
-constexpr float pickBand = 40;  // A release this far above or below the touch's beginning opens nothing.
-
-constexpr float fadedAlpha = 0.7f;
-constexpr float grownScale = 1.0f;
 constexpr float restingGrowScale = 0.7f;  // "Grow" rests at this whatever size the user has chosen.
 constexpr double shrinkage = 0.2;
 constexpr float bounce = 10;
@@ -24,41 +20,27 @@ constexpr float bounce = 10;
 constexpr double pulseDuration = 0.5;
 constexpr float pulseScale = 2;
 
-Look restingLook() {
-  const float scale = settings.iconAnimation == word::grow ? restingGrowScale : settings.iconSize;
-  return {scale, iconCenterY, settings.iconFade ? fadedAlpha : 1.0f};
-}
-
-Look selectedLook(const UIView& icon) {
-  const std::string& animation = settings.iconAnimation;
-  Look look{settings.iconSize, icon.center().y, 1};
-  if (animation == word::grow) {
-    look.scale = grownScale;
-  } else if (animation == word::roll) {
-    look.scale = -settings.iconSize;
-  } else if (animation == word::shrink) {
-    look.scale = static_cast<float>(static_cast<double>(settings.iconSize) - shrinkage);
-  } else if (animation == word::bounceUp) {
-    look.centerY -= bounce;
-  } else if (animation == word::bounceDown) {
-    look.centerY += bounce;
-  }
-  return look;
+Looks looks() {
+  const float size = settings.iconSize;
+  return {.animation = settings.iconAnimation,
+          .resting = settings.iconAnimation == word::grow ? restingGrowScale : size,
+          .rolled = -size,
+          .shrunk = static_cast<float>(static_cast<double>(size) - shrinkage),
+          .bounce = bounce,
+          .centerY = iconCenterY,
+          .fades = settings.iconFade};
 }
 
 }  // namespace
 
 std::int32_t CardDragger::indexOf(const UIView* view) const {
-  auto found = std::find_if(icons_.begin(), icons_.end(), [&](const auto& icon) { return icon.get() == view; });
+  auto found =
+      std::find_if(icons_.begin(), icons_.end(), [&](const auto& icon) { return icon.get() == view; });
   return found == icons_.end() ? NSNotFound : static_cast<std::int32_t>(found - icons_.begin());
 }
 
 /// Every icon but `selected` rests; null, or a view that is no icon, lets all of them rest.
-void CardDragger::select(const UIView* selected) {
-  animateSelection([&] {
-    for (const auto& icon : icons_) applyLook(*icon, icon.get() == selected ? selectedLook(*icon) : restingLook());
-  });
-}
+void CardDragger::select(const UIView* selected) { animateSelection(icons_, selected, looks()); }
 
 void CardDragger::touchesBegan(const UITouchSet& touches, UIEvent* event) {
   if (UITouch* touch = anyObject(touches)) startPoint_ = touch->locationInView(this);

@@ -25,15 +25,14 @@ constexpr float labelShadowOpacity = 0.5f;
 constexpr float labelCornerRadius = 8;
 
 constexpr float restingScale = 0.7f;
-constexpr float grownScale = 1.0f;
 constexpr float rolledScale = -0.7f;
 constexpr float shrunkScale = 0.5f;
 constexpr float bounce = 5;
-constexpr float fadedAlpha = 0.7f;
 
 void registerActions() {
   ActionWithObject enlarge = [](NSObject& self, const id& index) {
-    if (auto* number = dynamic_cast<NSNumber*>(index.get())) static_cast<NameDragger&>(self).enlargeNameAtIndex(*number);
+    if (auto* number = dynamic_cast<NSNumber*>(index.get()))
+      static_cast<NameDragger&>(self).enlargeNameAtIndex(*number);
   };
   NameDragger::objcClass().addMethod(enlargeName, enlarge);
 }
@@ -56,23 +55,14 @@ void setLooks(UILabel& label) {
   layer.setShadowPath(UIBezierPath::bezierPathWithRect(label.bounds()).cgPath());
 }
 
-Look restingLook() { return {restingScale, nameCenterY, settings.nameFade ? fadedAlpha : 1.0f}; }
-
-Look selectedLook(const UIView& name) {
-  const std::string& animation = settings.nameAnimation;
-  Look look{restingScale, name.center().y, 1};
-  if (animation == word::grow) {
-    look.scale = grownScale;
-  } else if (animation == word::roll) {
-    look.scale = rolledScale;
-  } else if (animation == word::shrink) {
-    look.scale = shrunkScale;
-  } else if (animation == word::bounceUp) {
-    look.centerY -= bounce;
-  } else if (animation == word::bounceDown) {
-    look.centerY += bounce;
-  }
-  return look;
+Looks looks() {
+  return {.animation = settings.nameAnimation,
+          .resting = restingScale,
+          .rolled = rolledScale,
+          .shrunk = shrunkScale,
+          .bounce = bounce,
+          .centerY = nameCenterY,
+          .fades = settings.nameFade};
 }
 
 }  // namespace
@@ -103,8 +93,8 @@ void NameDragger::touchesBegan(const UITouchSet& touches, UIEvent*) {
   if (UITouch* touch = anyObject(touches)) startPoint_ = touch->locationInView(this);
 }
 
-/// The first name whose centre lies at or to the right of `x`; beyond the last one, the second-to-last. A single name is
-/// always the one: there is no other that could be meant.
+/// The first name whose centre lies at or to the right of `x`; beyond the last one, the second-to-last. A
+/// single name is always the one: there is no other that could be meant.
 int NameDragger::selectionAt(float x) const {
   const int count = static_cast<int>(names_.size());
   if (count == 1) return 0;
@@ -123,10 +113,7 @@ void NameDragger::touchesMoved(const UITouchSet& touches, UIEvent*) {
   lastIndex_ = static_cast<float>(index);
   performSelector(shared_from_this(), enlargeName, NSNumber::numberWithInt(index), enlargeDelay);
 
-  const UIView* selected = names_[static_cast<std::size_t>(index)].get();
-  animateSelection([&] {
-    for (const auto& name : names_) applyLook(*name, name.get() == selected ? selectedLook(*name) : restingLook());
-  });
+  animateSelection(names_, names_[static_cast<std::size_t>(index)].get(), looks());
 }
 
 void NameDragger::touchesEnded(const UITouchSet&, UIEvent*) {}
@@ -135,6 +122,8 @@ void NameDragger::enlargeNameAtIndex(const NSNumber&) {}
 
 void NameDragger::didRotateFromInterfaceOrientation(UIInterfaceOrientation from) { reorient(*this, from); }
 
-bool NameDragger::shouldAutorotateToInterfaceOrientation(int orientation) { return isInterfaceOrientation(orientation); }
+bool NameDragger::shouldAutorotateToInterfaceOrientation(int orientation) {
+  return isInterfaceOrientation(orientation);
+}
 
 }  // namespace vistrel

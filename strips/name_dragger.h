@@ -9,10 +9,11 @@
 
 namespace vistrel {
 
-/// The strip of application names above or below the icons; at most one exists, a subview of the window for good.
+/// The strip of application names above or below the icons; at most one exists, a subview of the window for
+/// good.
 ///
-/// Takes no touches of its own: the icon strip passes its touches on. The name at or to the right of the finger stands
-/// out.
+/// Takes no touches of its own: the icon strip passes its touches on. The name at or to the right of the
+/// finger stands out.
 class NameDragger : public UIView {
   OBJC_CLASS(NameDragger, UIView)
  public:

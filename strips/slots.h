@@ -1,12 +1,10 @@
 #pragma once
 
-#include <algorithm>
+#include <functional>
 #include <string>
+#include <string_view>
 
 #include "platform/uikit/ui_view.h"
-#include "switcher/card_scroller.h"
-#include "switcher/layout.h"
-#include "switcher/shared_state.h"
 
 namespace vistrel {
 
@@ -15,37 +13,37 @@ namespace vistrel {
 inline constexpr float iconCenterY = 30;
 inline constexpr float nameCenterY = 10;
 
-/// Calls `place` with each identifier on offer and the centre of its slot. An identifier that is listed twice lies, both
-/// times, in the slot of its first mention.
-template <class Place>
-void forEachSlot(Place place) {
-  if (!switcherWindow) return;
-  const NSStringArrayRef identifiers = switcherWindow->recentIDs();
-  if (!identifiers) return;
-  const auto count = static_cast<unsigned>(identifiers->size());
-  for (const std::string& identifier : *identifiers) {
-    const auto first = std::find(identifiers->begin(), identifiers->end(), identifier) - identifiers->begin();
-    place(identifier, slotCenterX(static_cast<unsigned>(first), count));
-  }
-}
+/// Calls `place` with each identifier on offer and the x of its slot's centre. An identifier that is listed
+/// twice lies, both times, in the slot of its first mention.
+void forEachSlot(const std::function<void(const std::string& identifier, float centerX)>& place);
 
-/// How an item of a strip looks: under the finger, or not.
-struct Look {
-  float scale;    ///< Of its layer, on both axes.
-  float centerY;  ///< In the strip's coordinates.
-  float alpha;
+/// How a strip's items look, resting and selected. Scales are of the layer, on both axes.
+struct Looks {
+  std::string_view animation;  ///< The user's choice; a word that nobody knows makes no difference.
+  float resting, rolled, shrunk;
+  float bounce;   ///< How far a selected item rises or sinks.
+  float centerY;  ///< Of resting items, in the strip's coordinates.
+  bool fades;     ///< Resting items fade.
 };
 
-void applyLook(UIView& item, Look look);
+void rest(UIView& item, const Looks& looks);
+void singleOut(UIView& item, const Looks& looks);
 
-/// One short animation in which a strip's items take their looks.
-template <class Changes>
-void animateSelection(Changes changes) {
-  constexpr double selectionDuration = 0.1;
+/// One short animation after which `selected` stands out and every other item rests. A `selected` that is no
+/// item, or null, lets all of them rest.
+template <class Items>
+void animateSelection(const Items& items, const UIView* selected, const Looks& looks) {
+  constexpr double duration = 0.1;
   UIView::beginAnimations();
-  UIView::setAnimationDuration(selectionDuration);
+  UIView::setAnimationDuration(duration);
   UIView::setAnimationCurve(UIViewAnimationCurve::EaseOut);
-  changes();
+  for (const auto& item : items) {
+    if (item.get() == selected) {
+      singleOut(*item, looks);
+    } else {
+      rest(*item, looks);
+    }
+  }
   UIView::commitAnimations();
 }
 

@@ -13,9 +13,10 @@ constexpr std::size_t maximumRecentApps = 5;
 
 /// System parts that SpringBoard counts among its applications but nobody would switch to.
 constexpr const char* neverOffered[] = {
-    "com.apple.AdSheet",   "com.apple.DemoApp",   "com.apple.iphoneos.iPodOut", "com.apple.TrustMe",
-    "com.apple.webapp",    "com.apple.WebSheet",  "com.apple.nike",             "com.apple.NewsStand",
-    "com.apple.Newsstand", "com.apple.newsstand", "com.apple.FieldTest",        "com.apple.fieldtest",
+    "com.apple.AdSheet",   "com.apple.DemoApp",   "com.apple.iphoneos.iPodOut",
+    "com.apple.TrustMe",   "com.apple.webapp",    "com.apple.WebSheet",
+    "com.apple.nike",      "com.apple.NewsStand", "com.apple.Newsstand",
+    "com.apple.newsstand", "com.apple.FieldTest", "com.apple.fieldtest",
 };
 
 NSStringArray offeredRecents() {
@@ -32,12 +33,8 @@ void CardScroller::removeCardWithBundleID(const std::string&) { rebuildAppList()
 void CardScroller::setImagesForBundle(const std::string&) { rebuildAppList(); }
 
 void CardScroller::rebuildAppList() {
-  setRecentIDs(nullptr);
-  setRecentIDs(std::make_shared<const NSStringArray>(offeredRecents()));
-  if (settings.favouritesEnabled) {
-    setRecentIDs(nullptr);
-    setRecentIDs(favouriteApps);
-  }
+  setRecentIDs(settings.favouritesEnabled ? favouriteApps
+                                          : std::make_shared<const NSStringArray>(offeredRecents()));
   if (iconStrip) iconStrip->shuffleIcons();
 }
 

@@ -1,12 +1,9 @@
 #include "switcher/card_scroller.h"
+#include "switcher/layout.h"
 #include "switcher/shared_state.h"
-#include "switcher/views.h"
 
 namespace vistrel {
 namespace {
-
-constexpr float middleBandHeight = 80;
-constexpr float halfMiddleBandHeight = 40;
 
 /// The band of full width from `y` on, `height` points high; in device pixels.
 CGRect bandRect(float y, float height) {
@@ -20,7 +17,8 @@ std::shared_ptr<UIImage> CardScroller::cropImage(const std::shared_ptr<UIImage>&
   if (!image) return nullptr;
   float scale = image->scale();
   if (scale > 1) {
-    rect = CGRectMake(rect.origin.x * scale, rect.origin.y * scale, rect.size.width * scale, rect.size.height * scale);
+    rect = CGRectMake(rect.origin.x * scale, rect.origin.y * scale, rect.size.width * scale,
+                      rect.size.height * scale);
   }
   CGImageRef part = CGImageCreateWithImageInRect(image->cgImage(), rect);
   return UIImage::imageWithCGImage(part, scale, image->orientation());
@@ -41,18 +39,11 @@ std::shared_ptr<UIImage> CardScroller::middleImage(const std::shared_ptr<UIImage
 }
 
 std::shared_ptr<UIImage> CardScroller::topMiddleImage(const std::shared_ptr<UIImage>& image, float point) {
-  return cropImage(image, bandRect(point, halfMiddleBandHeight));
+  return cropImage(image, bandRect(point, gapHalf));
 }
 
 std::shared_ptr<UIImage> CardScroller::bottomMiddleImage(const std::shared_ptr<UIImage>& image, float point) {
-  return cropImage(image, bandRect(point, halfMiddleBandHeight));
-}
-
-CGSize bandSize(const std::shared_ptr<UIImageView>& view) {
-  if (!view || !view->image()) return CGSizeZero;
-  float scale = deviceScale();
-  CGSize pixels = view->image()->size();
-  return {pixels.width / scale, pixels.height / scale};
+  return cropImage(image, bandRect(point, gapHalf));
 }
 
 }  // namespace vistrel

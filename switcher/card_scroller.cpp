@@ -15,7 +15,8 @@ void registerActions() {
 
 }  // namespace
 
-CardScroller::CardScroller(CGRect frame) : UIWindow(frame), recentIDs_(std::make_shared<const NSStringArray>()) {
+CardScroller::CardScroller(CGRect frame)
+    : UIWindow(frame), recentIDs_(std::make_shared<const NSStringArray>()) {
   registerActions();
   setUserInteractionEnabled(true);
   rebuildAppList();

@@ -3,6 +3,7 @@
 #include "strips/card_dragger.h"
 #include "strips/name_dragger.h"
 #include "switcher/card_scroller.h"
+#include "switcher/device_paths.h"
 #include "switcher/layout.h"
 #include "switcher/shared_state.h"
 #include "switcher/views.h"
@@ -12,9 +13,6 @@ namespace {
 
 constexpr double hideDuration = 0.3;
 constexpr double closeToHomeDuration = 0.5;
-constexpr float shrunkIconAlpha = 0.6f;
-constexpr float gapHalf = 40;  // Half of the "Flat" layout's middle band.
-constexpr float middleBandHeight = 80;
 
 }  // namespace
 
@@ -38,6 +36,7 @@ void CardScroller::closeToSB() {
 
 void CardScroller::beginDismissal() {
   dismissing_ = true;
+  // Only what was scheduled without a number; a name's number runs later and does nothing.
   if (iconStrip) cancelPreviousPerformRequests(*iconStrip, "enlargeIconAtIndex:", nullptr);
   if (nameStrip) cancelPreviousPerformRequests(*nameStrip, "enlargeNameAtIndex:", nullptr);
   iconPickMode = false;
@@ -102,7 +101,7 @@ void CardScroller::flyBandsApart() {
 void CardScroller::shrinkStrips() {
   if (iconStrip) {
     for (const auto& icon : iconStrip->icons()) {
-      icon->setAlpha(shrunkIconAlpha);
+      icon->setAlpha(dimmedIconAlpha);
       scaleLayer(*icon, 0);
     }
   }
@@ -131,7 +130,8 @@ void CardScroller::giveUpViews() {
   for (const auto& view : present) {
     if (view.get() != iconStrip && view.get() != nameStrip) view->removeFromSuperview();
   }
-  topImageView_ = bottomImageView_ = middleImageView_ = topMiddleImageView_ = bottomMiddleImageView_ = nullptr;
+  topImageView_ = bottomImageView_ = middleImageView_ = topMiddleImageView_ = bottomMiddleImageView_ =
+      nullptr;
   topShade_ = bottomShade_ = middleShade_ = topMiddleShade_ = bottomMiddleShade_ = nullptr;
   sbTop_ = sbBottom_ = nullptr;
   linen_ = nullptr;

@@ -5,31 +5,27 @@
 #include "prefs/settings.h"
 #include "strips/card_dragger.h"
 #include "switcher/card_scroller.h"
-#include "switcher/keyboard.h"
 #include "switcher/layout.h"
 #include "switcher/shared_state.h"
+#include "switcher/spring_board.h"
 #include "switcher/views.h"
-
 
 namespace vistrel {
 namespace {
 
-constexpr float openingMargin = 90;    // No opening this close to the top or the bottom of the screen.
-constexpr float slack = 2;             // Taken off the way that a finger has to go; half the width of a straight swipe.
-constexpr float splitBelowFinger = 5;  // The screen splits this far below the finger.
+constexpr float openingMargin = 90;  // No opening this close to the top or the bottom of the screen.
+constexpr float slack = 2;           // Shifts every threshold a little up and to the left.
+constexpr float straightness = 2;    // A straight swipe along the edge strays no farther sideways.
 
-constexpr float peekBand = 100;        // Within this of where the touch began there is no peek.
-constexpr float peekThreshold = 40;    // Beyond this the peek is upward, or downward.
-constexpr float upperBandLead = 60;    // The upper band's lower edge hangs this far below the finger,
-constexpr float lowerBandLead = 62;    // the lower band's upper edge this far above it,
-constexpr float middleBandLead = 60;   // and the middle bands follow at this distance.
+constexpr float peekBand = 100;       // Within this of where the touch began there is no peek.
+constexpr float peekThreshold = 40;   // Beyond this the peek is upward, or downward.
+constexpr float upperBandLead = 60;   // The upper band's lower edge hangs this far below the finger,
+constexpr float lowerBandLead = 62;   // the lower band's upper edge this far above it,
+constexpr float middleBandLead = 60;  // and the middle bands follow at this distance.
 constexpr double endPeekDuration = 0.2;
 
-// Where the bands return to, from where the touch began.
-constexpr float openTopBandY = -40;
-constexpr float openBottomBandDrop = 45;
-constexpr float openMiddleOffset = 120;
-constexpr float openHalfBandOffset = 80;
+// Where the lower band returns to, measured from where the touch began and not from the split.
+constexpr float openBottomBandDrop = gapHalf + splitBelowFinger;
 
 void moveToY(const std::shared_ptr<UIImageView>& view, float y) { place(view, 0, y, sizeOf(view)); }
 
@@ -69,7 +65,7 @@ void CardScroller::touchesMoved(const UITouchSet& touches, UIEvent* event) {
   UITouch* touch = anyObject(touches);
   if (!touch) return;
 
-  // The window moves under the finger as it opens: the place is the one before.
+  // Read before opening moves the window under the finger.
   const CGPoint finger = touch->locationInView(this);
   const float screenEnd = UIScreen::mainScreen().bounds().size.height;
   const bool clearOfScreenEnds = finger.y >= openingMargin && finger.y <= screenEnd - openingMargin;
@@ -90,19 +86,19 @@ void CardScroller::openIfPulledFar(CGPoint finger) {
   const auto [startX, startY] = startPoint_;
   const float edge = static_cast<float>(settings.visibleEdge);
   if (opensAlongEdge(finger)) {
-    const bool straight = finger.x >= startX - slack && finger.x <= startX + slack;
-    if (straight) openForPick(finger.y, true);
+    const bool straight = finger.x >= startX - straightness && finger.x <= startX + straightness;
+    if (straight) openAt(finger.y, Opening::Pick);
   } else if (finger.x >= startX + edge - slack) {
-    openForPick(finger.y, false);
+    openAt(finger.y, Opening::Drag);
   } else if (finger.x <= startX - edge - slack && finger.y >= startY - edge - slack &&
              finger.y <= startY + edge - slack) {
-    openForPick(finger.y, false);
+    openAt(finger.y, Opening::Drag);
   }
 }
 
-void CardScroller::openForPick(float height, bool pick) {
-  iconPickMode = pick;
-  showAtPoint(height + splitBelowFinger);
+void CardScroller::openAt(float fingerHeight, Opening opening) {
+  iconPickMode = opening == Opening::Pick;
+  showAtPoint(fingerHeight + splitBelowFinger);
 }
 
 void CardScroller::peek(float y) {
@@ -144,18 +140,18 @@ void CardScroller::endPeek() {
   beginAnimations();
   setAnimationDuration(endPeekDuration);
   if (settings.pushes() || settings.isFlat()) {
-    moveToY(topImageView_, settings.pushes() ? openTopBandY : 0);
+    moveToY(topImageView_, settings.pushes() ? -gapHalf : 0);
     place(bottomImageView_, 0, startY + openBottomBandDrop,
           {sizeOf(bottomImageView_).width, bandSize(bottomImageView_).height});
   }
   if (settings.isFlat()) {
     if (settings.flatGoesUp()) {
-      moveToY(middleImageView_, startY - openMiddleOffset);
+      moveToY(middleImageView_, startY - middleBandTravel);
     } else if (settings.flatGoesDown()) {
-      moveToY(middleImageView_, startY + openMiddleOffset);
+      moveToY(middleImageView_, startY + middleBandTravel);
     } else if (settings.flatSplits()) {
-      moveToY(bottomMiddleImageView_, startY + openHalfBandOffset);
-      moveToY(topMiddleImageView_, startY - openHalfBandOffset);
+      moveToY(bottomMiddleImageView_, startY + halfBandTravel);
+      moveToY(topMiddleImageView_, startY - halfBandTravel);
     }
   }
   commitAnimations();

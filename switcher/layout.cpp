@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "platform/uikit/ui_screen.h"
+#include "prefs/settings.h"
 #include "switcher/shared_state.h"
 
 namespace vistrel {
@@ -14,10 +16,20 @@ float slotCenterX(unsigned index, unsigned count) {
 
 long nearestSlot(float x, unsigned count) { return lroundf((x - slotCenterOffset) / slotWidth(count)); }
 
+float restingX() {
+  const float distance = screenWidth - static_cast<float>(settings.visibleEdge);
+  return std::trunc(settings.swipeDirection == word::right ? distance : -distance);
+}
+
 CGRect restingWindowFrame() { return CGRectMake(restingX(), 0, screenWidth, screenHeight); }
 
 CGRect restingIconStripFrame() {
   return CGRectMake(restingX(), screenHeight * 0.5f - halfIconStripHeight, screenWidth, iconStripHeight);
+}
+
+float deviceScale() {
+  UIScreen& screen = UIScreen::mainScreen();
+  return screen.respondsToSelector("scale") ? std::trunc(screen.scale()) : 1.0f;
 }
 
 }  // namespace vistrel

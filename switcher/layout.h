@@ -4,29 +4,41 @@
 
 namespace vistrel {
 
-/// Where the switcher's parts lie, in points, and at which window levels.
+/// Where the switcher's parts lie, in points. The "split" is the height, from the top of the screen, at which
+/// a showing parts the screen.
 
-inline constexpr CGFloat restingLevel = 9001.0f;  ///< Above everything, put back after every SpringBoard event.
-inline constexpr CGFloat openLevel = 9000.0f;     ///< Right after a show or a reload.
+// The bands: a gap opens around the split, or a middle band of the same height moves away from there.
+inline constexpr float gapHalf = 40;
+inline constexpr float middleBandHeight = 2 * gapHalf;
+inline constexpr float middleBandTravel =
+    120;  ///< From the split to where "Up" and "Down" take the middle band.
+inline constexpr float halfBandTravel = 80;   ///< The same for the two halves of "Split".
+inline constexpr float splitBelowFinger = 5;  ///< The screen splits this far below the finger that opens it.
 
+// The strips.
 inline constexpr float iconStripHeight = 60;
 inline constexpr float halfIconStripHeight = 30;
 inline constexpr float nameStripHeight = 30;
+inline constexpr float dimmedIconAlpha = 0.6f;  ///< Of icons that nothing points at yet, or any more.
 
-/// An application's place in both strips: slots of equal width, centred this far into them.
-inline constexpr float slotCenterOffset = 30;
-/// The width of a slot when `count` applications share the screen.
+/// A release within this of the height where the touch began picks; farther off it is a swipe.
+inline constexpr float pickBand = 40;
+
+/// The width of a slot when `count` applications share the working width.
 float slotWidth(unsigned count);
-/// The centre of slot `index` of `count`.
+/// An application's centre in both strips: slots of equal width, each centred this far into itself.
+inline constexpr float slotCenterOffset = 30;
 float slotCenterX(unsigned index, unsigned count);
 /// The slot whose centre lies nearest to `x`, halves away from zero; may lie outside of 0 to `count` - 1.
 long nearestSlot(float x, unsigned count);
 
+/// The x origin of the parked window: only its grab strip stays on screen.
+float restingX();
 /// The parked window, and its icon strip in the window's coordinates: half-way down, off the screen.
 CGRect restingWindowFrame();
 CGRect restingIconStripFrame();
 
-/// The grab strip's picture.
-inline constexpr const char* grabImagePath = "/Library/Vistrel/VistrelGrab.png";
+/// Pixels a point: the main screen's scale, its integer part; 1 for a screen that has none.
+float deviceScale();
 
 }  // namespace vistrel

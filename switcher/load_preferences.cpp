@@ -7,6 +7,7 @@
 #include "switcher/card_scroller.h"
 #include "switcher/layout.h"
 #include "switcher/shared_state.h"
+#include "switcher/window_level.h"
 
 namespace vistrel {
 namespace {
@@ -22,10 +23,7 @@ void applyToLiveSwitcher() {
     if (iconStrip) iconStrip->setFrame(restingIconStripFrame());
     switcherWindow->setFrame(restingWindowFrame());
     switcherWindow->setWindowLevel(openLevel);
-    if (settings.favouritesEnabled) {
-      switcherWindow->setRecentIDs(nullptr);
-      switcherWindow->setRecentIDs(favouriteApps);
-    }
+    if (settings.favouritesEnabled) switcherWindow->setRecentIDs(favouriteApps);
   }
   if (iconStrip) iconStrip->shuffleIcons();
 }
@@ -54,6 +52,7 @@ void loadPreferences() {
 
 void prefsChangedCallback(void*, const std::string&) {
   loadPreferences();
+  // Once more: a load that had to write the file anew has left the strip alone.
   if (iconStrip) iconStrip->shuffleIcons();
 }
 

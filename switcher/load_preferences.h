@@ -7,8 +7,9 @@ namespace vistrel {
 /// True once preferences have been loaded; never reset.
 extern bool prefsLoaded;
 
-/// Reads the preferences and applies them to the switcher where it lives already: it is parked anew and shows its icons
-/// afresh. Where there is no preferences file, writes one with the defaults and takes those.
+/// Reads the screen's size and the preferences, and applies them to the switcher where it lives already: it
+/// is parked anew and shows its icons afresh. Where there is no preferences file, writes one with the
+/// defaults and takes those.
 void loadPreferences();
 
 /// The callback of the notification that says that the files have changed.

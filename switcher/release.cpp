@@ -2,7 +2,6 @@
 #include "platform/uikit/ui_application.h"
 #include "prefs/settings.h"
 #include "switcher/card_scroller.h"
-#include "switcher/keyboard.h"
 #include "switcher/layout.h"
 #include "switcher/shared_state.h"
 #include "switcher/spring_board.h"
@@ -10,8 +9,8 @@
 namespace vistrel {
 namespace {
 
-constexpr float pickBand = 40;       // Closer than this to the height where the touch began, a release picks.
-constexpr float screenEndBand = 40;  // A swipe counts when it ends this close to the top or bottom of the screen.
+constexpr float screenEndBand =
+    40;  // A swipe counts when it ends this close to the top or bottom of the screen.
 
 }  // namespace
 
@@ -40,7 +39,8 @@ void CardScroller::touchesEnded(const UITouchSet& touches, UIEvent*) {
   if (hideAtEnd && !iconPickMode) hide();
 }
 
-/// Runs the action of each screen end that the swipe has reached. True when one of them closes to the home screen.
+/// Runs the action of each screen end that the swipe has reached. True when one of them closes to the home
+/// screen.
 bool CardScroller::runSwipeActions(float y) {
   bool closesToHome = false;
   auto run = [&](const std::string& action) {

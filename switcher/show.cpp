@@ -1,69 +1,27 @@
+#include "effects/background_layer.h"
 #include "platform/quartzcore/ca_filter.h"
 #include "platform/uikit/display.h"
-#include "platform/uikit/ui_bezier_path.h"
 #include "platform/uikit/ui_button.h"
-#include "effects/background_layer.h"
 #include "prefs/settings.h"
 #include "strips/card_dragger.h"
 #include "strips/name_dragger.h"
 #include "switcher/card_scroller.h"
-#include "switcher/home_screen_picture.h"
 #include "switcher/layout.h"
 #include "switcher/shared_state.h"
 #include "switcher/spring_board.h"
 #include "switcher/views.h"
+#include "switcher/window_level.h"
 
 namespace vistrel {
 namespace {
 
 constexpr double showDuration = 0.3;
 
-constexpr float gapHalf = 40;          // Half of the gap that opens, and of the middle band.
-constexpr float middleBandHeight = 80;
-constexpr float linenHalf = 80;        // The linen reaches this far above and below the split.
-constexpr float homeBandOutset = 80;   // The home screen's bands begin this far outside of their places.
-constexpr float flatUpRise = 120;      // From the split to where the middle band ends up, going up and going down.
-constexpr float flatDownDrop = 120;
-constexpr float halfBandRise = 80;     // The same for the halves of "Split".
-constexpr float halfBandDrop = 80;
+constexpr float linenHalf = 80;  // The linen reaches this far above and below the split.
 constexpr float nameStripAbove = 40;
 constexpr float nameStripBelow = 20;
-
 constexpr float shadeAlpha = 0.5f;
-constexpr float restingIconAlpha = 0.6f;
-constexpr float bandShadowDistance = 5;
-constexpr float bandShadowOpacity = 0.5f;
 constexpr float blurRadius = 1.0f;
-
-/// The shadow that a band throws on what lies behind it, `dy` points down (or up).
-void castShadow(UIView& view, float dy) {
-  CALayer& layer = view.layer();
-  layer.setMasksToBounds(false);
-  layer.setShadowColor(UIColor::blackColor().cgColor());
-  layer.setShadowOffset({0, dy});
-  layer.setShadowOpacity(bandShadowOpacity);
-  layer.setShadowPath(UIBezierPath::bezierPathWithRect(view.bounds()).cgPath());
-}
-
-/// A view without colour that fills `band`, transparent.
-std::shared_ptr<UIView> addShade(UIView& band) {
-  auto shade = std::make_shared<UIView>(CGRect{{0, 0}, band.frame().size});
-  band.addSubview(shade);
-  shade->setAlpha(0);
-  return shade;
-}
-
-std::shared_ptr<UIView> addBlackShade(UIView& band) {
-  auto shade = addShade(band);
-  shade->setBackgroundColor(UIColor::blackColor());
-  return shade;
-}
-
-std::shared_ptr<UIImageView> bandView(std::shared_ptr<UIImage> picture) {
-  auto view = std::make_shared<UIImageView>();
-  view->setImage(std::move(picture));
-  return view;
-}
 
 void blur(UIView& view) {
   auto filter = CAFilter::filterWithType("gaussianBlur");
@@ -86,8 +44,7 @@ void CardScroller::showAtPoint(float point) {
   openPoint_ = point;
   addCloseButtons();
   placeStrips(point);
-  castShadow(*topImageView_, bandShadowDistance);
-  castShadow(*bottomImageView_, -bandShadowDistance);
+  castBandShadows();
   routeTouches();
   setFrame(screenBounds);
 
@@ -105,76 +62,6 @@ void CardScroller::addBackdrop(float point) {
     linen_->setAutoresizingMask(UIViewAutoresizingFlexibleLeftMargin);
     addSubview(linen_);
     sendSubviewToBack(*linen_);
-  }
-}
-
-void CardScroller::addHomeScreenBands(float point) {
-  springBoardImage = nullptr;
-  springBoardImage = UIImage::imageWithContentsOfFile(homeScreenPicturePath);
-  sbTop_ = bandView(topImage(springBoardImage, point));
-  sbBottom_ = bandView(bottomImage(springBoardImage, point));
-  place(sbTop_, 0, -homeBandOutset, bandSize(sbTop_));
-  place(sbBottom_, 0, point + homeBandOutset, bandSize(sbBottom_));
-  for (const auto& view : {sbTop_, sbBottom_}) {
-    view->setAlpha(0);
-    addSubview(view);
-  }
-  castShadow(*sbTop_, bandShadowDistance);
-  castShadow(*sbBottom_, -bandShadowDistance);
-}
-
-void CardScroller::makeBands(const std::shared_ptr<UIImage>& screenPicture, float point) {
-  topImageView_ = std::make_shared<UIImageView>();
-  if (settings.pushes()) {
-    topImageView_->setImage(topImage(screenPicture, point));
-    topImageView_->setFrame(CGRectMake(0, 0, screenWidth, point));
-  } else if (settings.isFlat()) {
-    topImageView_->setImage(topImage(screenPicture, point - gapHalf));
-    topImageView_->setFrame(CGRectMake(0, 0, screenWidth, point - gapHalf));
-  }
-  topShade_ = addBlackShade(*topImageView_);
-
-  bottomImageView_ = std::make_shared<UIImageView>();
-  if (settings.pushes()) {
-    bottomImageView_->setImage(bottomImage(screenPicture, point));
-    place(bottomImageView_, 0, point, bandSize(bottomImageView_));
-  } else if (settings.isFlat()) {
-    bottomImageView_->setImage(bottomImage(screenPicture, point + gapHalf));
-    place(bottomImageView_, 0, point + gapHalf, bandSize(bottomImageView_));
-    makeMiddleBands(screenPicture, point);
-  }
-  addBands();
-  bottomShade_ = addBlackShade(*bottomImageView_);
-}
-
-void CardScroller::makeMiddleBands(const std::shared_ptr<UIImage>& screenPicture, float point) {
-  if (settings.flatSplits()) {
-    topMiddleImageView_ = bandView(topMiddleImage(screenPicture, point - gapHalf));
-    place(topMiddleImageView_, 0, point - gapHalf, bandSize(topMiddleImageView_));
-    topMiddleShade_ = addShade(*topMiddleImageView_);
-    bottomMiddleImageView_ = bandView(bottomMiddleImage(screenPicture, point));
-    place(bottomMiddleImageView_, 0, point, bandSize(bottomMiddleImageView_));
-    bottomMiddleShade_ = addShade(*bottomMiddleImageView_);
-  } else {
-    middleImageView_ = bandView(middleImage(screenPicture, point - gapHalf));
-    place(middleImageView_, 0, point - gapHalf, bandSize(middleImageView_));
-    middleShade_ = addShade(*middleImageView_);
-  }
-}
-
-/// Back to front: what moves away lies behind what stays. A sub-style that nobody knows shows no middle band.
-void CardScroller::addBands() {
-  if (settings.pushes()) {
-    addSubview(topImageView_);
-    addSubview(bottomImageView_);
-  } else if (settings.isFlat()) {
-    if (settings.flatGoesAside() || settings.flatGoesUp() || settings.flatGoesDown()) addSubview(middleImageView_);
-    if (settings.flatSplits()) {
-      addSubview(topMiddleImageView_);
-      addSubview(bottomMiddleImageView_);
-    }
-    addSubview(bottomImageView_);
-    addSubview(topImageView_);
   }
 }
 
@@ -203,11 +90,12 @@ void CardScroller::placeStrips(float point) {
   bringSubviewToFront(*nameStrip);
 }
 
-/// Opened for a pick, icons and bands wait for a tap. Opened by a drag, the bands let the finger through to the window.
+/// Opened for a pick, icons and bands wait for a tap. Opened by a drag, the bands let the finger through to
+/// the window.
 void CardScroller::routeTouches() {
   if (!iconPickMode) {
-    takeTouches({topImageView_, bottomImageView_, middleImageView_, topMiddleImageView_, bottomMiddleImageView_, topShade_,
-                 topMiddleShade_, bottomMiddleShade_, middleShade_},
+    takeTouches({topImageView_, bottomImageView_, middleImageView_, topMiddleImageView_,
+                 bottomMiddleImageView_, topShade_, topMiddleShade_, bottomMiddleShade_, middleShade_},
                 false);
   } else if (iconStrip) {
     iconStrip->prepForActivatorActivation();
@@ -247,13 +135,13 @@ void CardScroller::openMiddleBands(float point) {
     }
   } else if (settings.flatGoesUp()) {
     fade(middleShade_, shadeAlpha);
-    place(middleImageView_, 0, point - flatUpRise, fullBand);
+    place(middleImageView_, 0, point - middleBandTravel, fullBand);
   } else if (settings.flatGoesDown()) {
     fade(middleShade_, shadeAlpha);
-    place(middleImageView_, 0, point + flatDownDrop, fullBand);
+    place(middleImageView_, 0, point + middleBandTravel, fullBand);
   } else if (settings.flatSplits()) {
-    place(topMiddleImageView_, 0, point - halfBandRise, bandSize(topMiddleImageView_));
-    place(bottomMiddleImageView_, 0, point + halfBandDrop, bandSize(bottomMiddleImageView_));
+    place(topMiddleImageView_, 0, point - halfBandTravel, bandSize(topMiddleImageView_));
+    place(bottomMiddleImageView_, 0, point + halfBandTravel, bandSize(bottomMiddleImageView_));
     fade(bottomMiddleShade_, shadeAlpha);
     fade(topMiddleShade_, shadeAlpha);
   }
@@ -262,7 +150,7 @@ void CardScroller::openMiddleBands(float point) {
 void CardScroller::awakenIcons() {
   if (!iconStrip) return;
   for (const auto& icon : iconStrip->icons()) {
-    if (!iconPickMode) icon->setAlpha(restingIconAlpha);
+    if (!iconPickMode) icon->setAlpha(dimmedIconAlpha);
     scaleLayer(*icon, settings.iconSize);
   }
 }

@@ -26,6 +26,11 @@ bool deviceIsLocked() {
   return controller && controller->isLocked();
 }
 
+bool keyboardIsOnScreen() {
+  static Class* const keyboardClass = objc_getClass("UIKeyboard");
+  return sendToClass<bool>(keyboardClass, "isOnScreen");
+}
+
 NSStringArray recentDisplayIdentifiers() {
   static Class* const modelClass = objc_getClass("SBAppSwitcherModel");
   auto* model = sendToClass<SBAppSwitcherModel*>(modelClass, "sharedInstance");

@@ -7,8 +7,8 @@
 
 namespace vistrel {
 
-/// What the switcher asks of SpringBoard. Its classes are looked up by name once, on first use; one that is missing
-/// answers nothing.
+/// What the switcher asks of SpringBoard and the system. Their classes are looked up by name once, on first
+/// use; one that is missing answers nothing.
 
 /// The application of a bundle identifier, or null.
 SBApplication* applicationWithIdentifier(const std::string& identifier);
@@ -17,6 +17,9 @@ SBApplication* applicationWithIdentifier(const std::string& identifier);
 void openApplication(const std::string& identifier);
 
 bool deviceIsLocked();
+
+/// While the on-screen keyboard is up, the switcher neither opens nor reacts.
+bool keyboardIsOnScreen();
 
 /// SpringBoard's recently used applications, most recent first; empty where it keeps no such list.
 NSStringArray recentDisplayIdentifiers();

@@ -5,6 +5,7 @@
 #include "platform/uikit/ui_color_archive.h"
 #include "prefs/settings.h"
 #include "strips/card_dragger.h"
+#include "switcher/card_scroller.h"
 #include "switcher/shared_state.h"
 #include "tests/support/test_device.h"
 
@@ -15,14 +16,29 @@ TEST(Preferences, FirstStartWritesEveryKeyAtItsDefault) {
   TestDevice device;
   auto written = device.readPreferences();
   PropertyListDictionary expected = {
-      {"swipeDirection", "Right"},   {"animationStyle", "Push"},  {"flatAnimationStyle", "Side"},
-      {"upDownOpen", false},         {"appNames", false},         {"blur", false},
-      {"dim", true},                 {"enabled", true},           {"iconFade", false},
-      {"nameFade", false},           {"activatorOnly", false},    {"lsEnabled", true},
-      {"liquid", true},              {"holdDownAction", true},    {"favouritesEnabled", false},
-      {"appNamePosition", "Bottom"}, {"iconAnimation", "Grow"},   {"nameAnimation", "Grow"},
-      {"background", "Linen"},       {"swipeActionEnabled", true}, {"swipeUpAction", "Lock"},
-      {"swipeDownAction", "Home"},   {"visibleEdge", 15},
+      {"swipeDirection", "Right"},
+      {"animationStyle", "Push"},
+      {"flatAnimationStyle", "Side"},
+      {"upDownOpen", false},
+      {"appNames", false},
+      {"blur", false},
+      {"dim", true},
+      {"enabled", true},
+      {"iconFade", false},
+      {"nameFade", false},
+      {"activatorOnly", false},
+      {"lsEnabled", true},
+      {"liquid", true},
+      {"holdDownAction", true},
+      {"favouritesEnabled", false},
+      {"appNamePosition", "Bottom"},
+      {"iconAnimation", "Grow"},
+      {"nameAnimation", "Grow"},
+      {"background", "Linen"},
+      {"swipeActionEnabled", true},
+      {"swipeUpAction", "Lock"},
+      {"swipeDownAction", "Home"},
+      {"visibleEdge", 15},
   };
   for (const auto& [key, value] : expected) {
     ASSERT_TRUE(written.contains(key)) << key;
@@ -39,7 +55,8 @@ TEST(Preferences, FirstStartWritesEveryKeyAtItsDefault) {
 TEST(Preferences, ASparseFileClearsWhatItsAbsenceClearsAndKeepsTheRest) {
   TestDevice device({.preferences = {{"swipeDirection", "Left"}}});
   EXPECT_EQ(settings.swipeDirection, "Left");
-  EXPECT_FALSE(settings.nameFade || settings.activatorOnly || settings.lsEnabled || settings.favouritesEnabled);
+  EXPECT_FALSE(settings.nameFade || settings.activatorOnly || settings.lsEnabled ||
+               settings.favouritesEnabled);
   EXPECT_EQ(settings.appNamePosition + settings.iconAnimation + settings.nameAnimation, "");
   EXPECT_TRUE(settings.enabled && settings.dim && settings.swipeActionEnabled);
   EXPECT_EQ(settings.visibleEdge, 15);
@@ -58,7 +75,9 @@ TEST(Preferences, ValuesAreConvertedOrCountAsAbsent) {
   EXPECT_EQ(settings.visibleEdge, 20);
   EXPECT_FALSE(settings.dim);
   EXPECT_EQ(settings.swipeDirection, "Right");
-  device.changePreferences({{"visibleEdge", 5e9}, {"iconSize", "0.9"}, {"topColor", NSData{1, 2, 3}},
+  device.changePreferences({{"visibleEdge", 5e9},
+                            {"iconSize", "0.9"},
+                            {"topColor", NSData{1, 2, 3}},
                             {"bottomColor", archived(1, 0, 0)}});
   EXPECT_EQ(settings.visibleEdge, 20);
   EXPECT_EQ(settings.iconSize, 0.5f);
@@ -67,11 +86,13 @@ TEST(Preferences, ValuesAreConvertedOrCountAsAbsent) {
 }
 
 TEST(Preferences, FavouritesCloseTheirGapsAndExcludedAppsLoseTheirPrefix) {
-  TestDevice device({.preferences = {{"fav2", "b"}, {"fav4", "d"}, {"fav5", 5}, {"favouritesEnabled", true}}});
+  TestDevice device(
+      {.preferences = {{"fav2", "b"}, {"fav4", "d"}, {"fav5", 5}, {"favouritesEnabled", true}}});
   EXPECT_EQ(*favouriteApps, (NSStringArray{"b", "d"}));
   EXPECT_EQ(*switcherWindow->recentIDs(), (NSStringArray{"b", "d"}));
   auto apps = dataWithPropertyList(
-      PropertyListDictionary{{"ALValue-a", true}, {"ALValue-ALValue-c", 1}, {"ALValue-b", false}, {"ALValue-d", "YES"}},
+      PropertyListDictionary{
+          {"ALValue-a", true}, {"ALValue-ALValue-c", 1}, {"ALValue-b", false}, {"ALValue-d", "YES"}},
       PropertyListFormat::Binary);
   std::ofstream(device.root() / "var/mobile/Library/Preferences/com.zantric.vistrel-apps.plist")
       .write(reinterpret_cast<const char*>(apps.data()), std::ssize(apps));
@@ -108,7 +129,8 @@ TEST(Preferences, ADeletedFileIsWrittenAgainAndTheWindowStays) {
 
 TEST(Preferences, AFileThatIsNoPropertyListCountsAsEmpty) {
   TestDevice device;
-  std::ofstream(device.root() / "var/mobile/Library/Preferences/com.zantric.vistrel.plist") << "<plist><dict><key>";
+  std::ofstream(device.root() / "var/mobile/Library/Preferences/com.zantric.vistrel.plist")
+      << "<plist><dict><key>";
   device.postChange();
   EXPECT_FALSE(settings.lsEnabled);
   EXPECT_EQ(settings.iconAnimation, "");

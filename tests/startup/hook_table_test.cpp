@@ -15,7 +15,7 @@
 #include "strips/card_dragger.h"
 #include "strips/name_dragger.h"
 #include "switcher/card_scroller.h"
-#include "switcher/home_screen_picture.h"
+#include "switcher/device_paths.h"
 #include "switcher/shared_state.h"
 #include "switcher/spring_board.h"
 #include "tests/support/test_device.h"
@@ -29,23 +29,25 @@ TEST(HookTable, InstallsNineteenInOrder) {
   std::vector<std::string> installed;
   setTraceSink([&](std::string_view event, const TraceFields& fields) {
     if (event != "hook") return;
-    installed.push_back(std::get<std::string>(fields[0].second) + ' ' + std::get<std::string>(fields[1].second));
+    installed.push_back(std::get<std::string>(fields[0].second) + ' ' +
+                        std::get<std::string>(fields[1].second));
   });
   TestDevice device;
   EXPECT_EQ(installed,
-            (std::vector<std::string>{"SBAppSwitcherModel remove:", "SBUIController removeAppFromSwitchAppList:",
-                                      "SBUIController finishLaunching", "SBUIController activateApplicationFromSwitcher:",
-                                      "SBUIAnimationController initWithActivatingApp:deactivatingApp:",
-                                      "SBApplication didActivate", "SBApplication activate",
-                                      "SBApplication _activationStateToString", "SBApplication _setHasBeenLaunched",
-                                      "SBApplication didAnimateActivation", "SBApplication didLaunch:",
-                                      "SBAwayController undimScreen", "UIApplication _reportAppLaunchFinished",
-                                      "UIStatusBar statusBarWindow", "UIStatusBar initWithFrame:",
-                                      "SBAwayView handleMenuButtonTap", "SBAwayView didMoveToWindow",
-                                      "SBAwayView initWithFrame:", "SBApplicationIcon launch"}));
+            (std::vector<std::string>{
+                "SBAppSwitcherModel remove:", "SBUIController removeAppFromSwitchAppList:",
+                "SBUIController finishLaunching", "SBUIController activateApplicationFromSwitcher:",
+                "SBUIAnimationController initWithActivatingApp:deactivatingApp:", "SBApplication didActivate",
+                "SBApplication activate", "SBApplication _activationStateToString",
+                "SBApplication _setHasBeenLaunched", "SBApplication didAnimateActivation",
+                "SBApplication didLaunch:", "SBAwayController undimScreen",
+                "UIApplication _reportAppLaunchFinished", "UIStatusBar statusBarWindow",
+                "UIStatusBar initWithFrame:", "SBAwayView handleMenuButtonTap", "SBAwayView didMoveToWindow",
+                "SBAwayView initWithFrame:", "SBApplicationIcon launch"}));
+  setTraceSink({});
 }
 
-TEST(HookTable, FourteenMethodsPutTheWindowBackOnTop) {
+TEST(HookTable, SpringBoardsEventsPutTheWindowBackOnTop) {
   TestDevice device({.preferences = usual});
   SBApplication& app = *applicationWithIdentifier(testBundles[0]);
   auto* uiController = sendToClass<SBUIController*>(objc_getClass("SBUIController"), "sharedInstance");
@@ -54,7 +56,8 @@ TEST(HookTable, FourteenMethodsPutTheWindowBackOnTop) {
   auto awayView = std::make_shared<SBAwayView>();
   const std::pair<const char*, std::function<void()>> calls[] = {
       {"finishLaunching", [&] { uiController->finishLaunching(); }},
-      {"initWithActivatingApp", [] { std::make_shared<SBUIAnimationController>()->initWithActivatingApp(nullptr, nullptr); }},
+      {"initWithActivatingApp",
+       [] { std::make_shared<SBUIAnimationController>()->initWithActivatingApp(nullptr, nullptr); }},
       {"didActivate", [&] { app.didActivate(); }},
       {"activate", [&] { app.activate(); }},
       {"_activationStateToString", [&] { app.activationStateToString(); }},
@@ -77,7 +80,8 @@ TEST(HookTable, FourteenMethodsPutTheWindowBackOnTop) {
 }
 
 TEST(Setup, BuildsTheSwitcherOnce) {
-  TestDevice device({.preferences = {{"lsEnabled", true}, {"appNames", true}, {"appNamePosition", "Bottom"}}});
+  TestDevice device(
+      {.preferences = {{"lsEnabled", true}, {"appNames", true}, {"appNamePosition", "Bottom"}}});
   EXPECT_EQ(switcherWindow->frame(), CGRectMake(305, 0, 320, 480));
   EXPECT_EQ(iconStrip->frame(), CGRectMake(305, 210, 320, 60));
   EXPECT_EQ(nameStrip->frame(), CGRectMake(305, 270, 320, 30));
@@ -101,12 +105,11 @@ TEST(Setup, DoesNothingWhenNotEnabled) {
   EXPECT_EQ(switcherWindow, nullptr);
   EXPECT_EQ(iconStrip, nullptr);
   EXPECT_EQ(nameStrip, nullptr);
-  EXPECT_FALSE(device.receive()) << "registered, but without a window to open";
+  EXPECT_FALSE(device.receive());
   device.changePreferences({{"swipeDirection", "Left"}});
   EXPECT_EQ(settings.swipeDirection, "Right") << "nobody listens for changes";
   device.launch(testBundles[0]);
-  device.springBoard().terminate(testBundles[0]);
-  device.settle();
+  EXPECT_EQ(device.springBoard().frontmost(), testBundles[0]) << "every hook passes through";
 }
 
 TEST(Setup, WarnsOnceWhereActivatorIsAskedForAndMissing) {
@@ -115,7 +118,8 @@ TEST(Setup, WarnsOnceWhereActivatorIsAskedForAndMissing) {
   const UIAlertView& alert = *UIAlertView::visibleAlerts()[0];
   EXPECT_EQ(alert.title(), "Vistrel Warning");
   EXPECT_EQ(alert.message(),
-            "You have set Vistrel to only be activated via Activator, but you seem not to have Activator installed.");
+            "You have set Vistrel to only be activated via Activator, but you seem not to have Activator "
+            "installed.");
   EXPECT_EQ(alert.buttonTitles(), std::vector<std::string>{"OK"});
   EXPECT_EQ(switcherWindow->frame().origin.x, 320);
   EXPECT_FALSE(device.receive());
@@ -165,7 +169,8 @@ TEST(AppList, LeavesOutSystemPartsAndKeepsFive) {
   const Case cases[] = {
       {{"a", "b", "com.apple.nike", "c", "d", "e", "f"}, {"a", "b", "c", "d", "e"}},
       {{"com.apple.AdSheet", "com.apple.webapp", "com.apple.fieldtest", "com.apple.FieldTest"}, {}},
-      {{"com.apple.NEWSSTAND", "com.apple.NewsStand", "com.apple.newsstand", "a", "a"}, {"com.apple.NEWSSTAND", "a", "a"}},
+      {{"com.apple.NEWSSTAND", "com.apple.NewsStand", "com.apple.newsstand", "a", "a"},
+       {"com.apple.NEWSSTAND", "a", "a"}},
       {{}, {}},
   };
   for (const Case& c : cases) {
@@ -176,7 +181,8 @@ TEST(AppList, LeavesOutSystemPartsAndKeepsFive) {
   device.changePreferences({{"favouritesEnabled", true}, {"fav1", "com.apple.nike"}});
   *identifiers = {"a"};
   switcherWindow->removeCardWithBundleID("a");
-  EXPECT_EQ(*switcherWindow->recentIDs(), NSStringArray{"com.apple.nike"}) << "favourites are neither merged nor filtered";
+  EXPECT_EQ(*switcherWindow->recentIDs(), NSStringArray{"com.apple.nike"})
+      << "favourites are neither merged nor filtered";
   device.changePreferences({{"favouritesEnabled", false}});
   EXPECT_EQ(switcherWindow->appCount(), 1u) << "favourites stay until the next rebuild";
 }

@@ -2,14 +2,14 @@
 
 #include <stdlib.h>
 
-#include <cmath>
 #include <fstream>
 
 #include "platform/activator/activator.h"
 #include "platform/foundation/darwin_notification_center.h"
 #include "platform/uikit/touch_dispatcher.h"
 #include "platform/uikit/ui_color_archive.h"
-#include "startup/start.h"
+#include "startup/hook_table.h"
+#include "switcher/layout.h"
 #include "switcher/shared_state.h"
 
 namespace vistrel::test {
@@ -78,7 +78,7 @@ TestDevice::TestDevice(DeviceSetup setup) : root_(makeRoot()) {
     writePlist(root_ / springBoardFile, {{"SBRecentDisplays", recents}});
   }
   host::BootOptions options{root_, *host::findDeviceModel(setup.model), false, setup.locked, nullptr};
-  if (setup.loadsLibrary) options.alsoLoad = start;
+  if (setup.loadsLibrary) options.alsoLoad = installHooks;
   springBoard_ = std::make_unique<host::SpringBoard>(options);
   settle();
 }
@@ -106,9 +106,13 @@ void TestDevice::home() {
   settle();
 }
 
-void TestDevice::down(float x, float y) { TouchDispatcher::shared().down(finger, {x, y}, RunLoop::main().now()); }
+void TestDevice::down(float x, float y) {
+  TouchDispatcher::shared().down(finger, {x, y}, RunLoop::main().now());
+}
 
-void TestDevice::move(float x, float y) { TouchDispatcher::shared().move(finger, {x, y}, RunLoop::main().now()); }
+void TestDevice::move(float x, float y) {
+  TouchDispatcher::shared().move(finger, {x, y}, RunLoop::main().now());
+}
 
 void TestDevice::up() {
   TouchDispatcher& touches = TouchDispatcher::shared();
@@ -162,7 +166,8 @@ PropertyListDictionary TestDevice::readPreferences() const {
 }
 
 void TestDevice::postChange() {
-  CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(), "com.zantric.vistrel.prefsChanged");
+  CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(),
+                                       "com.zantric.vistrel.prefsChanged");
   pump(0);
 }
 

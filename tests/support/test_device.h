@@ -7,23 +7,23 @@
 
 #include "host/spring_board.h"
 #include "platform/foundation/property_list.h"
-#include "switcher/card_scroller.h"
 
 namespace vistrel::test {
 
-/// How a test device differs from the usual one: an iPhone 4 with four small applications and Activator.
+/// How a test device differs from the usual one: an iPhone 4 with five small applications and Activator.
 struct DeviceSetup {
   std::string model = "iphone-4";
-  PropertyListDictionary preferences = {};  ///< Keys of the preferences file; none at all means no file.
+  PropertyListDictionary preferences = {};     ///< Keys of the preferences file; none at all means no file.
   std::vector<std::string> disabledApps = {};  ///< Bundle identifiers in the apps file.
   bool activator = true;
   bool locked = false;
   bool loadsLibrary = true;
-  std::vector<std::string> recents = {};  ///< Bundle identifiers that SpringBoard remembers, most recent first.
+  std::vector<std::string> recents =
+      {};  ///< Bundle identifiers that SpringBoard remembers, most recent first.
 };
 
-/// A whole device in a private root folder: SpringBoard with the product loaded, and a finger. Time is virtual and moves
-/// by pump alone. One per process.
+/// A whole device in a private root folder: SpringBoard with the product loaded, and a finger. Time is
+/// virtual and moves by pump alone. One per process.
 class TestDevice {
  public:
   explicit TestDevice(DeviceSetup setup = {});
@@ -45,7 +45,7 @@ class TestDevice {
   void move(float x, float y);
   void up();
   void tap(float x, float y);
-  /// Drags the finger that is down to (x, y), a move every few points, in `seconds`.
+  /// Drags the finger that is down to (x, y) in `seconds`, in twenty moves.
   void drag(float x, float y, double seconds = 0.2);
   /// Swipes in from the edge at which the switcher rests and stays down, over x.
   void swipeIn(float y, float toX);

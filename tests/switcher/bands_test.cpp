@@ -12,7 +12,8 @@ std::shared_ptr<UIImage> picture(int width, int height, float scale = 1) {
   auto pixels = std::make_shared<std::vector<std::uint8_t>>();
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
-      pixels->insert(pixels->end(), {static_cast<std::uint8_t>(y), static_cast<std::uint8_t>(y >> 8), 0, 255});
+      pixels->insert(pixels->end(),
+                     {static_cast<std::uint8_t>(y), static_cast<std::uint8_t>(y >> 8), 0, 255});
     }
   }
   return UIImage::imageWithCGImage(CGImage::create(width, height, {}, std::size_t(width) * 4, pixels), scale,

@@ -49,11 +49,19 @@ TEST(Show, EveryStyleLaysOutAndOpensItsBands) {
   const std::string upper = "band 0 0 320 160", lower = "band 0 240 320 240";
   const Case cases[] = {
       {{}, {"band 0 0 320 200", "band 0 200 320 280"}, {"band 0 -40 320 200", "band 0 240 320 280"}},
-      {{{"animationStyle", "Flat"}}, {"band 0 160 320 80", lower, upper}, {"band -320 160 320 80", lower, upper}},
-      {{{"swipeDirection", "Left"}}, {"band 0 160 320 80", lower, upper}, {"band 320 160 320 80", lower, upper}},
+      {{{"animationStyle", "Flat"}},
+       {"band 0 160 320 80", lower, upper},
+       {"band -320 160 320 80", lower, upper}},
+      {{{"swipeDirection", "Left"}},
+       {"band 0 160 320 80", lower, upper},
+       {"band 320 160 320 80", lower, upper}},
       {{{"swipeDirection", "Top"}}, {"band 0 160 320 80", lower, upper}, {"band 0 160 320 80", lower, upper}},
-      {{{"flatAnimationStyle", "Up"}}, {"band 0 160 320 80", lower, upper}, {"band 0 80 320 80", lower, upper}},
-      {{{"flatAnimationStyle", "Down"}}, {"band 0 160 320 80", lower, upper}, {"band 0 320 320 80", lower, upper}},
+      {{{"flatAnimationStyle", "Up"}},
+       {"band 0 160 320 80", lower, upper},
+       {"band 0 80 320 80", lower, upper}},
+      {{{"flatAnimationStyle", "Down"}},
+       {"band 0 160 320 80", lower, upper},
+       {"band 0 320 320 80", lower, upper}},
       {{{"flatAnimationStyle", "Split"}},
        {"band 0 160 320 40", "band 0 200 320 40", lower, upper},
        {"band 0 120 320 40", "band 0 280 320 40", lower, upper}},
@@ -130,8 +138,11 @@ TEST(Show, IconsWaitForATapInPickModeAndForTheFingerOtherwise) {
 }
 
 TEST(Show, TheBackdropGoesWithTheShowingThatMadeIt) {
-  TestDevice device({.preferences = with(noPeek, {{"background", "Color"}, {"topColor", archived(1, 0, 0)}})});
-  auto gradientOf = [] { return std::dynamic_pointer_cast<CAGradientLayer>(switcherWindow->layer().sublayers().front()); };
+  TestDevice device(
+      {.preferences = with(noPeek, {{"background", "Color"}, {"topColor", archived(1, 0, 0)}})});
+  auto gradientOf = [] {
+    return std::dynamic_pointer_cast<CAGradientLayer>(switcherWindow->layer().sublayers().front());
+  };
   for (const char* backgroundAtClose : {"Color", "Linen", "Color", "Odd"}) {
     switcherWindow->showAtPoint(240);
     auto gradient = gradientOf();
@@ -200,13 +211,15 @@ TEST(Dismissal, ParksOnceHoweverOftenItIsAskedFor) {
 }
 
 TEST(Dismissal, ToTheHomeScreenFliesTheBandsApart) {
-  TestDevice device({.preferences = {{"animationStyle", "Flat"}, {"flatAnimationStyle", "Down"}, {"lsEnabled", true},
+  TestDevice device({.preferences = {{"animationStyle", "Flat"},
+                                     {"flatAnimationStyle", "Down"},
+                                     {"lsEnabled", true},
                                      {"swipeActionEnabled", true}}});
   device.launch(testBundles[0]);
   switcherWindow->setStartPoint({0, 250});
   switcherWindow->showAtPoint(200);
   device.pump(0.4);
-  auto sbTop = switcherWindow->subviews()[2], sbBottom = switcherWindow->subviews()[3];
+  auto sbTop = switcherWindow->homeScreenTop(), sbBottom = switcherWindow->homeScreenBottom();
   EXPECT_EQ(text(sbTop->frame()), "0 -80 320 200");
   EXPECT_EQ(text(sbBottom->frame()), "0 280 320 280");
   switcherWindow->closeToSB();
