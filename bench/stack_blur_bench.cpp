@@ -16,15 +16,15 @@
 
 namespace {
 
-constexpr int kWidth = 640;
-constexpr int kHeight = 960;
-constexpr int kBytesPerPixel = 4;
-constexpr int kChannels = 3;
+constexpr int width = 640;
+constexpr int height = 960;
+constexpr int bytesPerPixel = 4;
+constexpr int channels = 3;
 
 using Pixels = std::vector<std::uint8_t>;
 
 Pixels noise() {
-  Pixels pixels(std::size_t{kWidth} * kHeight * kBytesPerPixel);
+  Pixels pixels(std::size_t{width} * height * bytesPerPixel);
   std::mt19937 random(1);
   std::generate(pixels.begin(), pixels.end(), [&] { return std::uint8_t(random()); });
   return pixels;
@@ -38,21 +38,21 @@ void directPass(const Pixels& from, Pixels& to, int count, int step, int lines, 
     const std::uint8_t* source = from.data() + std::size_t(line) * std::size_t(lineStep);
     std::uint8_t* target = to.data() + std::size_t(line) * std::size_t(lineStep);
     for (int at = 0; at < count; ++at) {
-      int sums[kChannels] = {};
+      int sums[channels] = {};
       for (int i = -radius; i <= radius; ++i) {
         const std::uint8_t* pixel = source + std::clamp(at + i, 0, count - 1) * step;
         const int weight = radius + 1 - std::abs(i);
-        for (int k = 0; k < kChannels; ++k) sums[k] += weight * pixel[k];
+        for (int k = 0; k < channels; ++k) sums[k] += weight * pixel[k];
       }
-      for (int k = 0; k < kChannels; ++k) target[at * step + k] = std::uint8_t(sums[k] / divisor);
+      for (int k = 0; k < channels; ++k) target[at * step + k] = std::uint8_t(sums[k] / divisor);
     }
   }
 }
 
 void directBlur(Pixels& pixels, int radius) {
   Pixels rows(pixels.size());
-  directPass(pixels, rows, kWidth, kBytesPerPixel, kHeight, kWidth * kBytesPerPixel, radius);
-  directPass(rows, pixels, kHeight, kWidth * kBytesPerPixel, kWidth, kBytesPerPixel, radius);
+  directPass(pixels, rows, width, bytesPerPixel, height, width * bytesPerPixel, radius);
+  directPass(rows, pixels, height, width * bytesPerPixel, width, bytesPerPixel, radius);
 }
 
 template <class Work>
@@ -74,7 +74,7 @@ void stackBlur(benchmark::State& state) {
   for (auto _ : state) {
     copySeconds += secondsOf([&] { std::memcpy(blurred.data(), original.data(), original.size()); });
     const double seconds = secondsOf(
-        [&] { vistrel::applyStackBlurToBuffer(blurred.data(), kWidth, kHeight, std::uint32_t(radius)); });
+        [&] { vistrel::applyStackBlurToBuffer(blurred.data(), width, height, std::uint32_t(radius)); });
     state.SetIterationTime(seconds);
     blurSeconds += seconds;
     std::memcpy(direct.data(), original.data(), original.size());

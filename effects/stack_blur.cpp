@@ -7,13 +7,12 @@
 #include "platform/coregraphics/cg_bitmap_context.h"
 
 namespace vistrel {
-
 namespace {
 
-constexpr std::size_t kBytesPerPixel = 4;
-constexpr int kChannels = 3;  // The bytes of a pixel that are blurred.
-constexpr std::size_t kBitsPerPixel = 32;
-constexpr CGFloat kIntRange = 0x1p31f;
+constexpr std::size_t bytesPerPixel = 4;
+constexpr int channels = 3;  // The bytes of a pixel that are blurred.
+constexpr std::size_t bitsPerPixel = 32;
+constexpr CGFloat intRange = 0x1p31f;
 
 // The weighted sum of one channel is at most 255 (r + 1)^2. Radii that anyone looks at keep it within 32
 // bits; for the largest, 2^32 - 1, it takes 72.
@@ -38,16 +37,16 @@ template <>
 class Mean<NarrowSum> {
  public:
   /// Up to here both that holds and the sums fit their 32 bits.
-  static constexpr std::uint32_t kMaxRadius = 4095;
+  static constexpr std::uint32_t maxRadius = 4095;
 
   explicit Mean(std::uint32_t radius) {
     const std::uint64_t divisor = std::uint64_t{radius + 1} * (radius + 1);
-    reciprocal_ = ((std::uint64_t{1} << kShift) + divisor - 1) / divisor;
+    reciprocal_ = ((std::uint64_t{1} << shift) + divisor - 1) / divisor;
   }
-  std::uint8_t operator()(NarrowSum sum) const { return std::uint8_t(sum * reciprocal_ >> kShift); }
+  std::uint8_t operator()(NarrowSum sum) const { return std::uint8_t(sum * reciprocal_ >> shift); }
 
  private:
-  static constexpr int kShift = 56;
+  static constexpr int shift = 56;
   std::uint64_t reciprocal_;
 };
 
@@ -102,13 +101,13 @@ template <class Sum>
 void blurLine(const std::uint8_t* from, std::uint8_t* to, std::size_t step, std::uint32_t count,
               std::uint32_t radius, Mean<Sum> mean) {
   const std::uint32_t last = count - 1;
-  Window<Sum> windows[kChannels];
-  for (int k = 0; k < kChannels; ++k) windows[k] = Window<Sum>(from + k, step, last, radius);
+  Window<Sum> windows[channels];
+  for (int k = 0; k < channels; ++k) windows[k] = Window<Sum>(from + k, step, last, radius);
   for (std::uint32_t i = 0; i < count; ++i) {
     const std::uint8_t* leaving = from + (i > radius ? i - radius : 0) * step;
     const std::uint8_t* next = from + std::min(i + 1, last) * step;
     const std::uint8_t* entering = from + (last - i > radius ? i + radius + 1 : last) * step;
-    for (int k = 0; k < kChannels; ++k) {
+    for (int k = 0; k < channels; ++k) {
       to[i * step + k] = mean(windows[k].weighted());
       windows[k].slide(leaving[k], next[k], entering[k]);
     }
@@ -118,21 +117,21 @@ void blurLine(const std::uint8_t* from, std::uint8_t* to, std::size_t step, std:
 template <class Sum>
 void blurBuffer(std::uint8_t* buffer, std::uint32_t width, std::uint32_t height, std::uint32_t radius) {
   const Mean<Sum> mean(radius);
-  const std::size_t bytesPerRow = width * kBytesPerPixel;
+  const std::size_t bytesPerRow = width * bytesPerPixel;
   std::vector<std::uint8_t> blurredRows(bytesPerRow * height);
   for (std::uint32_t y = 0; y < height; ++y) {
-    blurLine(buffer + y * bytesPerRow, blurredRows.data() + y * bytesPerRow, kBytesPerPixel, width, radius,
+    blurLine(buffer + y * bytesPerRow, blurredRows.data() + y * bytesPerRow, bytesPerPixel, width, radius,
              mean);
   }
   for (std::uint32_t x = 0; x < width; ++x) {
-    const std::size_t column = x * kBytesPerPixel;
+    const std::size_t column = x * bytesPerPixel;
     blurLine(blurredRows.data() + column, buffer + column, bytesPerRow, height, radius, mean);
   }
 }
 
 /// The picture's bytes with rows of exactly 4 x width bytes.
 std::vector<std::uint8_t> packedRows(const CGImage& image) {
-  const std::size_t bytesPerRow = std::size_t(image.width()) * kBytesPerPixel;
+  const std::size_t bytesPerRow = std::size_t(image.width()) * bytesPerPixel;
   std::vector<std::uint8_t> bytes;
   bytes.reserve(bytesPerRow * std::size_t(image.height()));
   for (int y = 0; y < image.height(); ++y)
@@ -141,14 +140,14 @@ std::vector<std::uint8_t> packedRows(const CGImage& image) {
 }
 
 /// Points as a whole number, truncated; 0, which no context can have, for what no int can hold.
-int wholePoints(CGFloat points) { return points > -kIntRange && points < kIntRange ? int(points) : 0; }
+int wholePoints(CGFloat points) { return points > -intRange && points < intRange ? int(points) : 0; }
 
 }  // namespace
 
 std::shared_ptr<UIImage> stackBlur(const std::shared_ptr<UIImage>& image, std::uint32_t radius) {
   if (!image || radius == 0 || image->size() == CGSizeZero) return image;
   CGImageRef source = image->cgImage();
-  if (CGImageGetBitsPerPixel(source) != kBitsPerPixel) {
+  if (CGImageGetBitsPerPixel(source) != bitsPerPixel) {
     const std::shared_ptr<UIImage> normalized = normalize(*image);
     if (!normalized) return image;
     source = normalized->cgImage();
@@ -156,7 +155,7 @@ std::shared_ptr<UIImage> stackBlur(const std::shared_ptr<UIImage>& image, std::u
   std::vector<std::uint8_t> bytes = packedRows(*source);
   const auto context =
       CGBitmapContext::create(bytes.data(), source->width(), source->height(),
-                              std::size_t(source->width()) * kBytesPerPixel, source->format());
+                              std::size_t(source->width()) * bytesPerPixel, source->format());
   if (!context) return image;
   applyStackBlurToBuffer(bytes.data(), source->width(), source->height(), radius);
   return UIImage::imageWithCGImage(context->createImage());
@@ -168,7 +167,7 @@ std::shared_ptr<UIImage> normalize(const UIImage& image) {
   CGPixelFormat format;
   format.bitmapInfo = kCGImageAlphaPremultipliedLast;
   const auto context = CGBitmapContext::create(nullptr, width, height,
-                                               std::size_t(std::max(width, 0)) * kBytesPerPixel, format);
+                                               std::size_t(std::max(width, 0)) * bytesPerPixel, format);
   if (!context) return nullptr;
   context->drawImage(image.cgImage(), CGRectMake(0, 0, CGFloat(width), CGFloat(height)));
   return UIImage::imageWithCGImage(context->createImage());
@@ -177,7 +176,7 @@ std::shared_ptr<UIImage> normalize(const UIImage& image) {
 void applyStackBlurToBuffer(std::uint8_t* buffer, std::int32_t width, std::int32_t height,
                             std::uint32_t radius) {
   if (!buffer || width < 1 || height < 1) return;
-  const auto blur = radius <= Mean<NarrowSum>::kMaxRadius ? blurBuffer<NarrowSum> : blurBuffer<WideSum>;
+  const auto blur = radius <= Mean<NarrowSum>::maxRadius ? blurBuffer<NarrowSum> : blurBuffer<WideSum>;
   blur(buffer, std::uint32_t(width), std::uint32_t(height), radius);
 }
 

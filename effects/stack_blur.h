@@ -24,4 +24,8 @@ std::shared_ptr<UIImage> normalize(const UIImage& image);
 void applyStackBlurToBuffer(std::uint8_t* buffer, std::int32_t width, std::int32_t height,
                             std::uint32_t radius);
 
+/// Enters the three above into UIImage's method tables, for whoever shares the process: "stackBlur:" and
+/// "normalize", and the class method "applyStackBlurToBuffer:width:height:withRadius:".
+void registerStackBlur();
+
 }  // namespace vistrel

@@ -6,20 +6,17 @@
 #include "platform/springboard/sb_application_icon.h"
 
 namespace host {
-
 namespace {
 
-constexpr const char* kFolder = "/Applications";
-
-AppCatalogue* sharedCatalogue = nullptr;  // The process's one; it enters and removes itself.
+constexpr const char* applicationsFolder = "/Applications";
 
 }  // namespace
 
 AppCatalogue::AppCatalogue(const DeviceModel& model, std::vector<std::string>& warnings) {
   const CGFloat iconPoints = homeLayout(model).iconSize;
-  for (const std::string& name : NSFileManager::defaultManager().contentsOfDirectory(kFolder)) {
+  for (const std::string& name : NSFileManager::defaultManager().contentsOfDirectory(applicationsFolder)) {
     if (!name.ends_with(".app")) continue;
-    const std::string folder = std::string(kFolder) + "/" + name;
+    const std::string folder = std::string(applicationsFolder) + "/" + name;
     try {
       ApplicationBundle bundle(folder, model);
       const std::string identifier = bundle.identifier();
@@ -29,14 +26,7 @@ AppCatalogue::AppCatalogue(const DeviceModel& model, std::vector<std::string>& w
       warnings.push_back(folder + "/Info.plist: " + failure.what());
     }
   }
-  sharedCatalogue = this;
 }
-
-AppCatalogue::~AppCatalogue() {
-  if (sharedCatalogue == this) sharedCatalogue = nullptr;
-}
-
-AppCatalogue* AppCatalogue::shared() { return sharedCatalogue; }
 
 void AppCatalogue::registerMethods() {
   Class& cls = SBApplicationController::objcClass();

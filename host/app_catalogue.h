@@ -7,21 +7,19 @@
 
 #include "host/application.h"
 #include "host/device_model.h"
+#include "host/process_wide.h"
 #include "platform/springboard/sb_application_controller.h"
 
 namespace host {
 
 /// The installed applications, read from /Applications once.
-class AppCatalogue : public SBApplicationController {
+class AppCatalogue : public SBApplicationController, public ProcessWide<AppCatalogue> {
  public:
   /// A bundle that is not usable is left out and leaves one line, its file and the cause, in `warnings`.
   AppCatalogue(const DeviceModel& model, std::vector<std::string>& warnings);
-  ~AppCatalogue() override;
 
   /// Gives SBApplicationController and SBApplicationIcon's picture their behaviour.
   static void registerMethods();
-  /// The process's catalogue; null while there is none.
-  static AppCatalogue* shared();
 
   /// In order of their identifiers. Owned by the catalogue.
   std::vector<Application*> applications() const;

@@ -5,22 +5,18 @@
 #include "platform/foundation/property_list.h"
 
 namespace host {
-
 namespace {
 
-constexpr const char* kPreferencesPath = "/var/mobile/Library/Preferences/com.apple.springboard.plist";
-constexpr const char* kRecentsKey = "SBRecentDisplays";
-
-AppSwitcherModel* sharedModel = nullptr;  // The process's one; it enters and removes itself.
+constexpr const char* preferencesPath = "/var/mobile/Library/Preferences/com.apple.springboard.plist";
+constexpr const char* recentsKey = "SBRecentDisplays";
 
 }  // namespace
 
 AppSwitcherModel::AppSwitcherModel(const std::function<bool(const std::string&)>& isInstalled) {
   declareInstanceVariable(*this, "_recentDisplayIdentifiers", recentDisplayIdentifiers_);
-  sharedModel = this;
 
-  const auto preferences = dictionaryWithContentsOfFile(kPreferencesPath);
-  const PropertyList* value = preferences ? find(*preferences, kRecentsKey) : nullptr;
+  const auto preferences = dictionaryWithContentsOfFile(preferencesPath);
+  const PropertyList* value = preferences ? find(*preferences, recentsKey) : nullptr;
   const auto* entries = value ? value->as<PropertyListArray>() : nullptr;
   if (!entries) return;
   auto& recents = recentDisplayIdentifiers_;
@@ -30,12 +26,6 @@ AppSwitcherModel::AppSwitcherModel(const std::function<bool(const std::string&)>
       recents.push_back(*identifier);
   }
 }
-
-AppSwitcherModel::~AppSwitcherModel() {
-  if (sharedModel == this) sharedModel = nullptr;
-}
-
-AppSwitcherModel* AppSwitcherModel::shared() { return sharedModel; }
 
 void AppSwitcherModel::registerMethods() {
   Class& cls = SBAppSwitcherModel::objcClass();
@@ -62,10 +52,10 @@ void AppSwitcherModel::drop(const std::string& identifier) {
 void AppSwitcherModel::save() const {
   // The file holds other settings too; they stay. A disk that cannot be written costs the memory of this run
   // only.
-  auto preferences = dictionaryWithContentsOfFile(kPreferencesPath).value_or(PropertyListDictionary());
-  preferences[kRecentsKey] =
+  auto preferences = dictionaryWithContentsOfFile(preferencesPath).value_or(PropertyListDictionary());
+  preferences[recentsKey] =
       PropertyListArray(recentDisplayIdentifiers_.begin(), recentDisplayIdentifiers_.end());
-  writeDictionaryToFile(preferences, kPreferencesPath);
+  writeDictionaryToFile(preferences, preferencesPath);
 }
 
 }  // namespace host

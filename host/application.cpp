@@ -1,10 +1,8 @@
 #include "host/application.h"
 
-#include "host/app_switcher_model.h"
 #include "host/ui_controller.h"
 
 namespace host {
-
 namespace {
 
 /// Every application of this process comes from the catalogue and is one of ours.
@@ -42,8 +40,9 @@ void Application::registerMethods() {
       "didLaunch:", +[](SBApplication& self, NSObject* process) {
         ours(self).process_ = process ? process->shared_from_this() : nullptr;
       });
+  // Nothing here asks for it; it is there for those who stand in its place.
   cls.addMethod(
-      "_setHasBeenLaunched", +[](SBApplication& self) { ours(self).hasBeenLaunched_ = true; });
+      "_setHasBeenLaunched", +[](SBApplication&) {});
   cls.addMethod(
       "didAnimateActivation", +[](SBApplication& self) { ours(self).setState(ActivationState::Animated); });
   cls.addMethod(

@@ -31,7 +31,6 @@ class Application : public SBApplication {
   bool supports(UIInterfaceOrientation orientation) const { return bundle_.supports(orientation); }
 
   bool running() const { return process_ != nullptr; }
-  bool hasBeenLaunched() const { return hasBeenLaunched_; }  ///< Since the home screen started.
   /// The process is gone, and with it what it kept in memory.
   void processEnded();
 
@@ -46,7 +45,6 @@ class Application : public SBApplication {
   ApplicationBundle bundle_;
   CGFloat iconPoints_;
   std::shared_ptr<NSObject> process_;  // Null while it does not run.
-  bool hasBeenLaunched_ = false;
   ActivationState state_ = ActivationState::Inactive;
   std::shared_ptr<UIImage> icon_;
   std::shared_ptr<UIImage> portraitScreen_, landscapeScreen_;

@@ -10,15 +10,15 @@
 #include "host/placeholder.h"
 #include "platform/coregraphics/image_codec.h"
 #include "platform/foundation/file_manager.h"
+#include "platform/foundation/property_list.h"
 
 namespace host {
-
 namespace {
 
-constexpr const char* kDefaultIcon = "Icon";
-constexpr const char* kPictureEnding = ".png";
+constexpr const char* defaultIcon = "Icon";
+constexpr const char* pictureEnding = ".png";
 
-constexpr std::pair<const char*, UIInterfaceOrientation> kOrientationNames[] = {
+constexpr std::pair<const char*, UIInterfaceOrientation> orientationNames[] = {
     {"UIInterfaceOrientationPortrait", UIInterfaceOrientation::Portrait},
     {"UIInterfaceOrientationPortraitUpsideDown", UIInterfaceOrientation::PortraitUpsideDown},
     {"UIInterfaceOrientationLandscapeLeft", UIInterfaceOrientation::LandscapeLeft},
@@ -45,22 +45,22 @@ std::vector<std::string> stringValues(const PropertyListDictionary& info, const 
 
 std::set<UIInterfaceOrientation> orientationValues(const PropertyListDictionary& info,
                                                    const DeviceModel& model) {
-  constexpr const char* kKey = "UISupportedInterfaceOrientations";
-  constexpr const char* kTabletKey = "UISupportedInterfaceOrientations~ipad";
-  const bool hasTabletList = isTablet(model) && find(info, kTabletKey);
+  constexpr const char* phoneKey = "UISupportedInterfaceOrientations";
+  constexpr const char* tabletKey = "UISupportedInterfaceOrientations~ipad";
+  const bool hasTabletList = isTablet(model) && find(info, tabletKey);
   std::set<UIInterfaceOrientation> result;
-  for (const std::string& listed : stringValues(info, hasTabletList ? kTabletKey : kKey))
-    for (const auto& [name, orientation] : kOrientationNames)
+  for (const std::string& listed : stringValues(info, hasTabletList ? tabletKey : phoneKey))
+    for (const auto& [name, orientation] : orientationNames)
       if (listed == name) result.insert(orientation);
   return result.empty() ? std::set{UIInterfaceOrientation::Portrait} : result;
 }
 
 /// The file as listed, and beside it its double-scale sister.
 std::vector<std::string> iconCandidates(const std::string& listed) {
-  const bool hasEnding = listed.ends_with(kPictureEnding);
+  const bool hasEnding = listed.ends_with(pictureEnding);
   const std::string stem =
-      hasEnding ? listed.substr(0, listed.size() - std::string(kPictureEnding).size()) : listed;
-  return {stem + kPictureEnding, stem + "@2x" + kPictureEnding};
+      hasEnding ? listed.substr(0, listed.size() - std::string(pictureEnding).size()) : listed;
+  return {stem + pictureEnding, stem + "@2x" + pictureEnding};
 }
 
 /// Exact beats larger, larger beats smaller, nearer beats farther.
@@ -85,7 +85,7 @@ ApplicationBundle::ApplicationBundle(std::string folder, const DeviceModel& mode
   iconFiles_ = stringValues(*info, "CFBundleIconFiles");
   if (const std::string single = stringValue(*info, "CFBundleIconFile"); !single.empty())
     iconFiles_.push_back(single);
-  if (iconFiles_.empty()) iconFiles_.push_back(kDefaultIcon);
+  if (iconFiles_.empty()) iconFiles_.push_back(defaultIcon);
   orientations_ = orientationValues(*info, model);
 }
 

@@ -7,12 +7,9 @@
 #include "platform/uikit/ui_keyboard.h"
 
 namespace host {
-
 namespace {
 
-constexpr CFTimeInterval kSlideSeconds = 0.3;
-
-AwayController* sharedController = nullptr;  // The process's one; it enters and removes itself.
+constexpr CFTimeInterval slideSeconds = 0.3;
 
 }  // namespace
 
@@ -22,14 +19,7 @@ AwayController::AwayController(const DeviceModel& model, UIController& uiControl
       statusBar_(statusBar),
       window_(std::make_shared<AwayWindow>(screenRect(model))) {
   window_->setWindowLevel(AwayWindow::level);
-  sharedController = this;
 }
-
-AwayController::~AwayController() {
-  if (sharedController == this) sharedController = nullptr;
-}
-
-AwayController* AwayController::shared() { return sharedController; }
 
 void AwayController::registerMethods() {
   Class& cls = SBAwayController::objcClass();
@@ -91,7 +81,7 @@ void AwayController::unlock() {
     frame.origin.y = -frame.size.height;
     view_->setFrame(frame);
   };
-  UIView::animateWithDuration(kSlideSeconds, slideAway, [this, self, sliding] {
+  UIView::animateWithDuration(slideSeconds, slideAway, [this, self, sliding] {
     const auto alive = self.lock();
     if (alive && isSliding_ && view_ == sliding.lock()) settle();
   });

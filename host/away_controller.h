@@ -4,6 +4,7 @@
 #include <string>
 
 #include "host/lock_screen_view.h"
+#include "host/process_wide.h"
 #include "host/status_bar.h"
 #include "host/ui_controller.h"
 #include "platform/springboard/sb_away_controller.h"
@@ -19,16 +20,13 @@ class AwayWindow : public UIWindow {
 };
 
 /// Locking and unlocking.
-class AwayController : public SBAwayController {
+class AwayController : public SBAwayController, public ProcessWide<AwayController> {
  public:
   /// Both outlive the controller.
   AwayController(const DeviceModel& model, UIController& uiController, StatusBar& statusBar);
-  ~AwayController() override;
 
   /// Gives SBAwayController and GSEventLockDevice their behaviour.
   static void registerMethods();
-  /// The process's controller; null while there is none.
-  static AwayController* shared();
 
   /// Builds a fresh lock-screen view and puts it into the window. Before the first lock it waits there
   /// unseen.

@@ -5,20 +5,19 @@
 #include <chrono>
 
 namespace host {
-
 namespace {
 
 using namespace std::chrono;
 
-constexpr const char* kWeekdays[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                     "Thursday", "Friday", "Saturday"};
-constexpr const char* kMonths[] = {"January", "February", "March",     "April",   "May",      "June",
-                                   "July",    "August",   "September", "October", "November", "December"};
+constexpr const char* weekdayNames[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                        "Thursday", "Friday", "Saturday"};
+constexpr const char* monthNames[] = {"January", "February", "March",     "April",   "May",      "June",
+                                      "July",    "August",   "September", "October", "November", "December"};
 
-constexpr sys_days kFirstDay = year{2007} / January / 9;
-constexpr auto kStart = kFirstDay + 9h + 41min;
+constexpr sys_days firstDay = year{2007} / January / 9;
+constexpr auto start = firstDay + 9h + 41min;
 
-auto timeAt(CFTimeInterval now) { return kStart + floor<minutes>(duration<double>(now)); }
+auto timeAt(CFTimeInterval now) { return start + floor<minutes>(duration<double>(now)); }
 
 }  // namespace
 
@@ -31,8 +30,8 @@ std::string clockText(CFTimeInterval now) {
 std::string dateText(CFTimeInterval now) {
   const auto day = floor<days>(timeAt(now));
   const year_month_day date(day);
-  return fmt::format("{}, {} {}", kWeekdays[weekday(day).c_encoding()],
-                     kMonths[static_cast<unsigned>(date.month()) - 1], static_cast<unsigned>(date.day()));
+  return fmt::format("{}, {} {}", weekdayNames[weekday(day).c_encoding()],
+                     monthNames[static_cast<unsigned>(date.month()) - 1], static_cast<unsigned>(date.day()));
 }
 
 }  // namespace host

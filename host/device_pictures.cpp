@@ -7,10 +7,9 @@
 #include "platform/foundation/file_manager.h"
 
 namespace host {
-
 namespace {
 
-constexpr const char* kDoubleScale = "@2x";
+constexpr const char* doubleScale = "@2x";
 
 /// What stands between a picture's name and its ".png", the fittest variant first.
 std::vector<std::string> variants(const DeviceModel& model, PictureShape shape) {
@@ -21,8 +20,8 @@ std::vector<std::string> variants(const DeviceModel& model, PictureShape shape) 
     if (upright) result.push_back("-Portrait~ipad");
     result.push_back(side + "~ipad");
   }
-  if (isTallPhone(model)) result.push_back(side + "-568h" + kDoubleScale);
-  const std::string sharp = side + kDoubleScale;
+  if (isTallPhone(model)) result.push_back(side + "-568h" + doubleScale);
+  const std::string sharp = side + doubleScale;
   const bool prefersSharp = model.scale > 1;
   result.push_back(prefersSharp ? sharp : side);
   result.push_back(prefersSharp ? side : sharp);
@@ -37,7 +36,7 @@ std::shared_ptr<UIImage> pictureForDevice(const std::string& devicePath, const D
     const auto data = NSFileManager::defaultManager().contents(devicePath + variant + ".png");
     CGImageRef picture = data ? decodeImage(*data) : nullptr;
     if (picture)
-      return UIImage::imageWithCGImage(picture, variant.ends_with(kDoubleScale) ? 2.0f : 1.0f,
+      return UIImage::imageWithCGImage(picture, variant.ends_with(doubleScale) ? 2.0f : 1.0f,
                                        UIImageOrientation::Up);
   }
   return nullptr;

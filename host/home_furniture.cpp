@@ -3,20 +3,19 @@
 #include "platform/coregraphics/cg_context.h"
 
 namespace host {
-
 namespace {
 
-constexpr CGFloat kDotDiameter = 6, kDotPitch = 14;  // Points.
-constexpr CGColor kBrightDot{1, 1, 1, 1};
-constexpr CGColor kDimDot{1, 1, 1, 0.35f};
+constexpr CGFloat dotDiameter = 6, dotPitch = 14;  // Points.
+constexpr CGColor brightDot{1, 1, 1, 1};
+constexpr CGColor dimDot{1, 1, 1, 0.35f};
 
-constexpr CGFloat kShelfEdge = 1;           // The bright line along the shelf's upper edge.
-constexpr CGFloat kShelfFaceShare = 0.55f;  // Where the shelf's upper half gives way to its front.
-constexpr CGColor kShelfEdgeColor{1, 1, 1, 0.45f};
-constexpr CGColor kShelfTop{1, 1, 1, 0.30f};
-constexpr CGColor kShelfFar{1, 1, 1, 0.14f};
-constexpr CGColor kShelfNear{0, 0, 0, 0.10f};
-constexpr CGColor kShelfBottom{0, 0, 0, 0.38f};
+constexpr CGFloat shelfEdge = 1;           // The bright line along the shelf's upper edge.
+constexpr CGFloat shelfFaceShare = 0.55f;  // Where the shelf's upper half gives way to its front.
+constexpr CGColor shelfEdgeColor{1, 1, 1, 0.45f};
+constexpr CGColor shelfTop{1, 1, 1, 0.30f};
+constexpr CGColor shelfFar{1, 1, 1, 0.14f};
+constexpr CGColor shelfNear{0, 0, 0, 0.10f};
+constexpr CGColor shelfBottom{0, 0, 0, 0.38f};
 
 }  // namespace
 
@@ -27,20 +26,20 @@ void PageDots::setCurrent(int page) {
 
 void PageDots::drawLayer(CGContext& context) const {
   const CGSize size = bounds().size;
-  const CGFloat row = kDotPitch * static_cast<CGFloat>(pages_ - 1) + kDotDiameter;
+  const CGFloat row = dotPitch * static_cast<CGFloat>(pages_ - 1) + dotDiameter;
   for (int page = 0; page < pages_; ++page) {
-    const CGFloat left = (size.width - row) / 2 + kDotPitch * static_cast<CGFloat>(page);
-    const CGRect dot = CGRectMake(left, (size.height - kDotDiameter) / 2, kDotDiameter, kDotDiameter);
-    context.fill(dot, page == current_ ? kBrightDot : kDimDot, kDotDiameter / 2);
+    const CGFloat left = (size.width - row) / 2 + dotPitch * static_cast<CGFloat>(page);
+    const CGRect dot = CGRectMake(left, (size.height - dotDiameter) / 2, dotDiameter, dotDiameter);
+    context.fill(dot, page == current_ ? brightDot : dimDot, dotDiameter / 2);
   }
 }
 
 void DockView::drawLayer(CGContext& context) const {
   const CGSize size = bounds().size;
-  const CGFloat face = size.height * kShelfFaceShare;
-  context.fillGradient(CGRectMake(0, 0, size.width, face), kShelfTop, kShelfFar);
-  context.fillGradient(CGRectMake(0, face, size.width, size.height - face), kShelfNear, kShelfBottom);
-  context.fill(CGRectMake(0, 0, size.width, kShelfEdge), kShelfEdgeColor);
+  const CGFloat face = size.height * shelfFaceShare;
+  context.fillGradient(CGRectMake(0, 0, size.width, face), shelfTop, shelfFar);
+  context.fillGradient(CGRectMake(0, face, size.width, size.height - face), shelfNear, shelfBottom);
+  context.fill(CGRectMake(0, 0, size.width, shelfEdge), shelfEdgeColor);
 }
 
 }  // namespace host

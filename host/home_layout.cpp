@@ -5,12 +5,11 @@
 #include "host/device_pictures.h"
 
 namespace host {
-
 namespace {
 
-constexpr HomeLayout kPhone{{320, 480}, 4, 4, 57, 76, 88, 32, 18, 11, 18, 91, 11};
-constexpr HomeLayout kTablet{{768, 1024}, 4, 5, 72, 172, 166, 74, 22, 14, 30, 122, 18};
-constexpr int kTallPhoneRows = 5;
+constexpr HomeLayout phone{{320, 480}, 4, 4, 57, 76, 88, 32, 18, 11, 18, 91, 11};
+constexpr HomeLayout tablet{{768, 1024}, 4, 5, 72, 172, 166, 74, 22, 14, 30, 122, 18};
+constexpr int tallPhoneRows = 5;
 
 /// Where a row of `count` icons, centred in `width`, has its icon `position`; on whole points, for sharp
 /// pictures.
@@ -37,9 +36,9 @@ CGRect HomeLayout::dockIconFrame(int position, int count) const {
 }
 
 HomeLayout homeLayout(const DeviceModel& model) {
-  HomeLayout layout = isTablet(model) ? kTablet : kPhone;
+  HomeLayout layout = isTablet(model) ? tablet : phone;
   layout.screen = model.size;
-  if (isTallPhone(model)) layout.rows = kTallPhoneRows;
+  if (isTallPhone(model)) layout.rows = tallPhoneRows;
   return layout;
 }
 

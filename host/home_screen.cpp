@@ -5,16 +5,15 @@
 #include "host/device_pictures.h"
 
 namespace host {
-
 namespace {
 
 /// What the dock holds, from left to right, where it is installed.
-constexpr const char* kDockIdentifiers[dockCapacity] = {"com.example.phone", "com.example.mail",
-                                                        "com.example.messages", "com.example.music"};
+constexpr const char* dockIdentifiers[dockCapacity] = {"com.example.phone", "com.example.mail",
+                                                       "com.example.messages", "com.example.music"};
 
 std::vector<SBApplication*> dockApplications(const AppCatalogue& catalogue) {
   std::vector<SBApplication*> result;
-  for (const char* identifier : kDockIdentifiers)
+  for (const char* identifier : dockIdentifiers)
     if (Application* application = catalogue.find(std::string(identifier))) result.push_back(application);
   return result;
 }

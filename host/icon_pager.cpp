@@ -5,14 +5,13 @@
 #include <utility>
 
 namespace host {
-
 namespace {
 
-constexpr CFTimeInterval kTurnSeconds = 0.25;
-constexpr CGFloat kTapSlop = 10;           // Points that a tapping finger may wander.
-constexpr CGFloat kTurnShare = 0.25f;      // Of the width: pulled this far, the page turns.
-constexpr CGFloat kFlickSpeed = 300;       // Points a second: this fast, it turns however short the way.
-constexpr CGFloat kEdgeResistance = 0.4f;  // How far the first and last page follow beyond their ends.
+constexpr CFTimeInterval turnSeconds = 0.25;
+constexpr CGFloat tapSlop = 10;           // Points that a tapping finger may wander.
+constexpr CGFloat turnShare = 0.25f;      // Of the width: pulled this far, the page turns.
+constexpr CGFloat flickSpeed = 300;       // Points a second: this fast, it turns however short the way.
+constexpr CGFloat edgeResistance = 0.4f;  // How far the first and last page follow beyond their ends.
 
 }  // namespace
 
@@ -91,7 +90,7 @@ void IconPager::showPage(int page, std::function<void()> completion) {
   const std::weak_ptr<NSObject> self = weak_from_this();
   const unsigned turn = ++turnCount_;
   UIView::animateWithDuration(
-      kTurnSeconds, [this, target] { setOffset(target); },
+      turnSeconds, [this, target] { setOffset(target); },
       [this, self, turn] {
         const auto alive = self.lock();
         if (alive && turn == turnCount_) settle();
@@ -133,7 +132,7 @@ void IconPager::touchesMoved(const UITouchSet& touches, UIEvent*) {
   const CGPoint place = drag_->touch->locationInView(this);
   const CGFloat distance = place.x - drag_->start.x;
   const bool startedOnPages = drag_->start.y < layout_.dockTop();
-  if (!drag_->isPulling && startedOnPages && std::abs(distance) > kTapSlop) {
+  if (!drag_->isPulling && startedOnPages && std::abs(distance) > tapSlop) {
     forgetPress();
     settle();
     drag_->isPulling = true;
@@ -169,13 +168,13 @@ void IconPager::pull(CGFloat distance) {
   const CGFloat wanted = drag_->startOffset + distance;
   const CGFloat first = offsetOf(0), last = offsetOf(pageCount() - 1);
   const CGFloat allowed = std::clamp(wanted, last, first);
-  setOffset(allowed + (wanted - allowed) * kEdgeResistance);
+  setOffset(allowed + (wanted - allowed) * edgeResistance);
 }
 
 void IconPager::release(CGFloat distance, CFTimeInterval seconds) {
-  const bool isFar = std::abs(distance) > layout_.screen.width * kTurnShare;
-  const bool isFlick = std::abs(distance) > kTapSlop && seconds > 0 &&
-                       std::abs(distance) > kFlickSpeed * static_cast<CGFloat>(seconds);
+  const bool isFar = std::abs(distance) > layout_.screen.width * turnShare;
+  const bool isFlick = std::abs(distance) > tapSlop && seconds > 0 &&
+                       std::abs(distance) > flickSpeed * static_cast<CGFloat>(seconds);
   const int step = distance < 0 ? 1 : -1;
   showPage(isFar || isFlick ? page_ + step : page_);
 }

@@ -24,7 +24,6 @@ class IconPager : public UIView {
   bool isInView(const IconView& icon) const;
   /// The page that the icon lies on; for one of the dock, the page in view.
   int pageOf(const IconView& icon) const;
-  int currentPage() const { return page_; }
 
   /// Turns to the page and runs `completion` once it lies still; at once when nothing has to move.
   void showPage(int page, std::function<void()> completion = {});

@@ -3,10 +3,9 @@
 #include "platform/uikit/ui_label.h"
 
 namespace host {
-
 namespace {
 
-constexpr CGFloat kHighlightedAlpha = 0.5f;
+constexpr CGFloat highlightedAlpha = 0.5f;
 
 }  // namespace
 
@@ -29,6 +28,6 @@ void IconView::build() {
   addSubview(name);
 }
 
-void IconView::setHighlighted(bool highlighted) { picture_->setAlpha(highlighted ? kHighlightedAlpha : 1); }
+void IconView::setHighlighted(bool highlighted) { picture_->setAlpha(highlighted ? highlightedAlpha : 1); }
 
 }  // namespace host

@@ -5,20 +5,19 @@
 #include "host/device_pictures.h"
 #include "platform/coregraphics/cg_context.h"
 #include "platform/uikit/ui_image_view.h"
+#include "platform/uikit/ui_status_bar.h"
 
 namespace host {
-
 namespace {
 
-constexpr CGFloat kStatusBarHeight = 20;  // Points, as all of these.
-constexpr CGFloat kPanelHeight = 96;
-constexpr CGFloat kClockTop = 6, kClockHeight = 58, kClockFontSize = 54;
-constexpr CGFloat kDateHeight = 22, kDateFontSize = 17;
-constexpr CGFloat kSliderWidth = 280, kSliderHeight = 52;
+constexpr CGFloat panelHeight = 96;  // Points, as all of these.
+constexpr CGFloat clockTop = 6, clockHeight = 58, clockFontSize = 54;
+constexpr CGFloat dateHeight = 22, dateFontSize = 17;
+constexpr CGFloat sliderWidth = 280, sliderHeight = 52;
 
-constexpr CGColor kPanelTop{0.15f, 0.15f, 0.16f, 0.70f};
-constexpr CGColor kPanelBottom{0, 0, 0, 0.62f};
-constexpr CGColor kPanelEdge{1, 1, 1, 0.22f};
+constexpr CGColor panelTop{0.15f, 0.15f, 0.16f, 0.70f};
+constexpr CGColor panelBottom{0, 0, 0, 0.62f};
+constexpr CGColor panelEdge{1, 1, 1, 0.22f};
 
 /// The dark glass behind the clock and behind the slider.
 class Panel : public UIView {
@@ -28,9 +27,9 @@ class Panel : public UIView {
   bool drawsContent() const override { return true; }
   void drawLayer(CGContext& context) const override {
     const CGSize size = bounds().size;
-    context.fillGradient({{0, 0}, size}, kPanelTop, kPanelBottom);
-    context.fill(CGRectMake(0, 0, size.width, 1), kPanelEdge);
-    context.fill(CGRectMake(0, size.height - 1, size.width, 1), kPanelEdge);
+    context.fillGradient({{0, 0}, size}, panelTop, panelBottom);
+    context.fill(CGRectMake(0, 0, size.width, 1), panelEdge);
+    context.fill(CGRectMake(0, size.height - 1, size.width, 1), panelEdge);
   }
 };
 
@@ -70,14 +69,14 @@ void LockScreenView::build(CGRect frame) {
   picture->setImage(wallpaper("Lock", model_));
   addSubview(picture);
 
-  auto upper = std::make_shared<Panel>(CGRectMake(0, kStatusBarHeight, size.width, kPanelHeight));
-  clock_ = addLine(*upper, kClockTop, kClockHeight, kClockFontSize);
-  date_ = addLine(*upper, kClockTop + kClockHeight, kDateHeight, kDateFontSize);
+  auto upper = std::make_shared<Panel>(CGRectMake(0, UIStatusBar::height, size.width, panelHeight));
+  clock_ = addLine(*upper, clockTop, clockHeight, clockFontSize);
+  date_ = addLine(*upper, clockTop + clockHeight, dateHeight, dateFontSize);
   addSubview(upper);
 
-  auto lower = std::make_shared<Panel>(CGRectMake(0, size.height - kPanelHeight, size.width, kPanelHeight));
-  const CGRect track = CGRectMake((size.width - kSliderWidth) / 2, (kPanelHeight - kSliderHeight) / 2,
-                                  kSliderWidth, kSliderHeight);
+  auto lower = std::make_shared<Panel>(CGRectMake(0, size.height - panelHeight, size.width, panelHeight));
+  const CGRect track =
+      CGRectMake((size.width - sliderWidth) / 2, (panelHeight - sliderHeight) / 2, sliderWidth, sliderHeight);
   auto slider = std::make_shared<UnlockSlider>(track, [] {
     if (auto* controller = AwayController::shared()) controller->unlock();
   });

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <string>
 
-#include "platform/foundation/property_list.h"
+#include "platform/foundation/ns_data.h"
 
 namespace host {
 

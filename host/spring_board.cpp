@@ -10,16 +10,14 @@
 #include "platform/foundation/file_manager.h"
 #include "platform/substrate/library_loader.h"
 #include "platform/uikit/display.h"
-#include "platform/uikit/ui_application.h"
 #include "platform/uikit/ui_device.h"
 #include "platform/uikit/ui_keyboard.h"
 #include "platform/uikit/ui_kit.h"
 
 namespace host {
-
 namespace {
 
-constexpr const char* kBundleIdentifier = "com.apple.springboard";
+constexpr const char* bundleIdentifier = "com.apple.springboard";
 
 void openRoot(const std::filesystem::path& root) {
   std::error_code error;
@@ -69,7 +67,7 @@ SpringBoard::State::State(const BootOptions& options) {
 
   // From here on SpringBoard's methods are sent for, and libraries may have replaced them.
   if (options.loadTweaks) {
-    for (const LoadedLibrary& library : loadLibrariesForBundle(kBundleIdentifier))
+    for (const LoadedLibrary& library : loadLibrariesForBundle(bundleIdentifier))
       if (!library.error.empty()) warnings.push_back(library.path + ": " + library.error);
   }
   if (options.alsoLoad) options.alsoLoad();

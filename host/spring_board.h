@@ -18,7 +18,8 @@ struct BootOptions {
   DeviceModel model;
   bool loadTweaks = true;
   bool startLocked = false;
-  /// Run where add-on libraries are loaded: a library that is linked in, rather than found on the root, starts here.
+  /// Run where add-on libraries are loaded: a library that is linked in, rather than found on the root,
+  /// starts here.
   std::function<void()> alsoLoad;
 };
 
@@ -31,20 +32,20 @@ struct AppListing {
 
 /// The home-screen process: boots on a device root, and does what a person's buttons and fingers ask of it.
 ///
-/// One per process: it stands behind SpringBoard's classes. Requests start at once; what animates goes on as the run
-/// loop's time passes. Requests that cannot be met throw Failure.
+/// One per process: it stands behind SpringBoard's classes. Requests start at once; what animates goes on as
+/// the run loop's time passes. Requests that cannot be met throw Failure.
 class SpringBoard {
  public:
-  /// Boots: file system, screen, SpringBoard's classes, add-on libraries, status bar, home screen, lock screen. Throws
-  /// Failure for a root that is no device root. Libraries and bundles that are not usable are reported, one line each,
-  /// through `warnings`, and left out.
+  /// Boots: file system, screen, SpringBoard's classes, add-on libraries, status bar, home screen, lock
+  /// screen. Throws Failure for a root that is no device root. Libraries and bundles that are not usable are
+  /// reported, one line each, through `warnings`, and left out.
   explicit SpringBoard(const BootOptions& options);
   ~SpringBoard();
 
   const std::vector<std::string>& warnings() const;
 
-  /// Opens an application through its icon: first back to the home screen, then to the icon's page, then a tap.
-  /// Fails on a locked device and for an unknown bundle.
+  /// Opens an application through its icon: first back to the home screen, then to the icon's page, then a
+  /// tap. Fails on a locked device and for an unknown bundle.
   void launch(const std::string& bundle);
   /// Ends a running application, going home first where it is in front, and takes it off the recents.
   void terminate(const std::string& bundle);

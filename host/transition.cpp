@@ -18,15 +18,14 @@
 /// alone. Who is in front changes, and is logged, right before the controller is made.
 
 namespace host {
-
 namespace {
 
-constexpr CFTimeInterval kIconSeconds = 0.3;     // Out of an icon or back into it.
-constexpr CFTimeInterval kFadeSeconds = 0.12;    // Out of an icon, until nothing shines through any more.
-constexpr CFTimeInterval kSwitchSeconds = 0.35;  // From application to application.
-constexpr CGFloat kIconShare = 0.18f;            // Of its size, that a screen has over its icon.
-constexpr CGFloat kTrailingShare = 0.3f;         // Of the width, that the outgoing screen makes room.
-constexpr CGFloat kTrailingAlpha = 0.4f;
+constexpr CFTimeInterval iconSeconds = 0.3;     // Out of an icon or back into it.
+constexpr CFTimeInterval fadeSeconds = 0.12;    // Out of an icon, until nothing shines through any more.
+constexpr CFTimeInterval switchSeconds = 0.35;  // From application to application.
+constexpr CGFloat iconShare = 0.18f;            // Of its size, that a screen has over its icon.
+constexpr CGFloat trailingShare = 0.3f;         // Of the width, that the outgoing screen makes room.
+constexpr CGFloat trailingAlpha = 0.4f;
 
 CGPoint middle(const UIView& screen) {
   const CGRect around = screen.superview()->bounds();
@@ -36,7 +35,7 @@ CGPoint middle(const UIView& screen) {
 void placeOverIcon(AppScreen& screen, std::optional<CGPoint> iconCenter) {
   screen.setCenter(iconCenter.value_or(middle(screen)));
   screen.setTransform(
-      CGAffineTransformConcat(CGAffineTransformMakeScale(kIconShare, kIconShare), screen.upright()));
+      CGAffineTransformConcat(CGAffineTransformMakeScale(iconShare, iconShare), screen.upright()));
   screen.setAlpha(0);
 }
 
@@ -67,18 +66,18 @@ void Transition::run(AppScreen* incoming, AppScreen* outgoing, std::optional<CGP
     placeAside(*incoming, 1);
     auto pass = [=] {
       placeInFront(*incoming);
-      placeAside(*outgoing, -kTrailingShare);
-      outgoing->setAlpha(kTrailingAlpha);
+      placeAside(*outgoing, -trailingShare);
+      outgoing->setAlpha(trailingAlpha);
     };
-    UIView::animateWithDuration(kSwitchSeconds, pass, std::move(ended));
+    UIView::animateWithDuration(switchSeconds, pass, std::move(ended));
   } else if (incoming) {
     placeOverIcon(*incoming, iconCenter);
-    UIView::animateWithDuration(kFadeSeconds, [=] { incoming->setAlpha(1); });
+    UIView::animateWithDuration(fadeSeconds, [=] { incoming->setAlpha(1); });
     UIView::animateWithDuration(
-        kIconSeconds, [=] { placeInFront(*incoming); }, std::move(ended));
+        iconSeconds, [=] { placeInFront(*incoming); }, std::move(ended));
   } else if (outgoing) {
     UIView::animateWithDuration(
-        kIconSeconds, [=] { placeOverIcon(*outgoing, iconCenter); }, std::move(ended));
+        iconSeconds, [=] { placeOverIcon(*outgoing, iconCenter); }, std::move(ended));
   }
 }
 

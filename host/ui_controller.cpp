@@ -11,10 +11,7 @@
 #include "platform/uikit/ui_keyboard.h"
 
 namespace host {
-
 namespace {
-
-UIController* sharedController = nullptr;  // The process's one; it enters and removes itself.
 
 UIController& ours(SBUIController& controller) { return static_cast<UIController&>(controller); }
 
@@ -41,14 +38,9 @@ UIController::UIController(const DeviceModel& model, AppCatalogue& catalogue, Ap
       screenSize_(model.size),
       window_(std::make_shared<AppWindow>(screenRect(model))) {
   window_->setWindowLevel(AppWindow::level);
-  sharedController = this;
 }
 
-UIController::~UIController() {
-  if (sharedController == this) sharedController = nullptr;
-}
-
-UIController* UIController::shared() { return sharedController; }
+UIController::~UIController() = default;
 
 void UIController::registerMethods() {
   Class& cls = SBUIController::objcClass();
@@ -154,8 +146,8 @@ void UIController::setFront(std::shared_ptr<AppScreen> screen) {
     before->setState(ActivationState::Inactive);
     trace("app-deactivated", {{"bundle", before->identifier()}});
   }
-  window_->setUserInteractionEnabled(screen_ !=
-                                     nullptr);  // On the way home the icons can be touched already.
+  // On the way home the icons can be touched already.
+  window_->setUserInteractionEnabled(screen_ != nullptr);
   if (screen_) {
     window_->addSubview(screen_);
     window_->setHidden(false);

@@ -6,6 +6,7 @@
 #include "host/app_catalogue.h"
 #include "host/app_switcher_model.h"
 #include "host/home_screen.h"
+#include "host/process_wide.h"
 #include "host/status_bar.h"
 #include "host/transition.h"
 #include "platform/springboard/sb_ui_controller.h"
@@ -17,7 +18,7 @@ namespace host {
 /// Who is in front, the recents and the log change as a request is made; the screens then move, and the calls
 /// that belong to the end of the movement are made when it ends, or at the next request, whichever comes
 /// first.
-class UIController : public SBUIController {
+class UIController : public SBUIController, public ProcessWide<UIController> {
  public:
   /// All of these outlive the controller.
   UIController(const DeviceModel& model, AppCatalogue& catalogue, AppSwitcherModel& recents,
@@ -27,8 +28,6 @@ class UIController : public SBUIController {
   /// Gives SBUIController, SBApplicationIcon's launch and UIApplication's quitTopApplication: their
   /// behaviour.
   static void registerMethods();
-  /// The process's controller; null while there is none.
-  static UIController* shared();
 
   Application* frontApplication() const { return screen_ ? &screen_->application() : nullptr; }  ///< Or null.
   bool busy() const { return transition_ || homeScreen_.isTurning(); }

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/coregraphics/cg_image.h"
-#include "platform/foundation/property_list.h"
+#include "platform/foundation/ns_data.h"
 
 struct WebPAnimEncoder;
 

@@ -1,6 +1,5 @@
 #include "prefs/preference_files.h"
 
-#include <charconv>
 #include <cmath>
 #include <memory>
 #include <string>
@@ -69,14 +68,7 @@ PropertyList stored(const std::string& text) { return text; }
 PropertyList stored(bool flag) { return flag; }
 PropertyList stored(std::int32_t number) { return number; }
 PropertyList stored(const UIColor& color) { return archivedDataWithRootObject(color); }
-PropertyList stored(float number) {
-  // The shortest decimal that is this float, so that the file says 0.7 and not what 0.7f is as a double.
-  char digits[32];
-  const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
-  double value = number;
-  std::from_chars(digits, end, value);
-  return value;
-}
+PropertyList stored(float number) { return static_cast<double>(number); }
 
 PropertyList defaultOf(const Key& key) {
   return std::visit(

@@ -17,13 +17,15 @@ namespace {
 constexpr float iconSide = 60;
 constexpr std::int32_t noIconYet = 9999;
 
+/// A null number or sender counts as zero, as a message to null answers.
 void registerActions() {
   ActionWithObject enlarge = [](NSObject& self, const id& index) {
-    if (auto* number = dynamic_cast<NSNumber*>(index.get()))
-      static_cast<CardDragger&>(self).enlargeIconAtIndex(*number);
+    const NSNumber zero(0);
+    auto* number = dynamic_cast<const NSNumber*>(index.get());
+    static_cast<CardDragger&>(self).enlargeIconAtIndex(number ? *number : zero);
   };
   ActionWithObject open = [](NSObject& self, const id& sender) {
-    if (auto* view = dynamic_cast<UIView*>(sender.get())) static_cast<CardDragger&>(self).openApp(*view);
+    static_cast<CardDragger&>(self).openApp(dynamic_cast<UIView*>(sender.get()));
   };
   CardDragger::objcClass().addMethod("enlargeIconAtIndex:", enlarge);
   CardDragger::objcClass().addMethod("openApp:", open);

@@ -42,8 +42,8 @@ class CardDragger : public UIView {
   void touchesEnded(const UITouchSet& touches, UIEvent* event) override;
   /// A copy of the icon grows over it and fades. An index outside the list is ignored.
   void enlargeIconAtIndex(const NSNumber& index);
-  /// Opens the application whose place is the sender's tag, and closes the switcher.
-  void openApp(const UIView& sender);
+  /// Opens the application whose place is the sender's tag, 0 without a sender, and closes the switcher.
+  void openApp(const UIView* sender);
 
   void didRotateFromInterfaceOrientation(UIInterfaceOrientation from);
   static bool shouldAutorotateToInterfaceOrientation(int orientation);

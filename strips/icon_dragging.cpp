@@ -92,9 +92,9 @@ void CardDragger::enlargeIconAtIndex(const NSNumber& index) {
   if (nameStrip) nameStrip->enlargeNameAtIndex(index);
 }
 
-void CardDragger::openApp(const UIView& sender) {
+void CardDragger::openApp(const UIView* sender) {
   if (!switcherWindow) return;
-  switcherWindow->openAppAtIndex(sender.tag());
+  switcherWindow->openAppAtIndex(sender ? sender->tag() : 0);
   switcherWindow->hide();
 }
 

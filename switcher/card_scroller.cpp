@@ -7,10 +7,18 @@
 namespace vistrel {
 namespace {
 
-/// "hide", by name, for the buttons over the bands.
+template <void (CardScroller::*operation)()>
+void registerAction(const char* selector) {
+  ActionWithoutObject action = [](NSObject& self) { (static_cast<CardScroller&>(self).*operation)(); };
+  CardScroller::objcClass().addMethod(selector, action);
+}
+
+/// What can be sent by name: "hide" for the buttons over the bands, the rest for whoever shares the process.
 void registerActions() {
-  ActionWithoutObject hide = [](NSObject& self) { static_cast<CardScroller&>(self).hide(); };
-  CardScroller::objcClass().addMethod("hide", hide);
+  registerAction<&CardScroller::hide>("hide");
+  registerAction<&CardScroller::closeToSB>("closeToSB");
+  registerAction<&CardScroller::reloadPrefs>("reloadPrefs");
+  registerAction<&CardScroller::didRotate>("didRotate");
 }
 
 }  // namespace

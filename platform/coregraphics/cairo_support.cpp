@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double kQuarterTurn = std::numbers::pi / 2;
+constexpr double quarterTurn = std::numbers::pi / 2;
 
 bool isDrawable(CGRect rect) {
   return rect.size.width > 0 && rect.size.height > 0 && std::isfinite(rect.origin.x) &&
@@ -93,10 +93,10 @@ void addRoundedRectangle(cairo_t* cairo, CGRect rect, CGFloat radius) {
     return;
   }
   cairo_new_sub_path(cairo);
-  cairo_arc(cairo, left + r, top + r, r, 2 * kQuarterTurn, 3 * kQuarterTurn);
-  cairo_arc(cairo, right - r, top + r, r, 3 * kQuarterTurn, 4 * kQuarterTurn);
-  cairo_arc(cairo, right - r, bottom - r, r, 0, kQuarterTurn);
-  cairo_arc(cairo, left + r, bottom - r, r, kQuarterTurn, 2 * kQuarterTurn);
+  cairo_arc(cairo, left + r, top + r, r, 2 * quarterTurn, 3 * quarterTurn);
+  cairo_arc(cairo, right - r, top + r, r, 3 * quarterTurn, 4 * quarterTurn);
+  cairo_arc(cairo, right - r, bottom - r, r, 0, quarterTurn);
+  cairo_arc(cairo, left + r, bottom - r, r, quarterTurn, 2 * quarterTurn);
   cairo_close_path(cairo);
 }
 

@@ -24,7 +24,7 @@ using CairoContextPtr = std::unique_ptr<cairo_t, CairoContextDeleter>;
 using CairoPatternPtr = std::unique_ptr<cairo_pattern_t, CairoPatternDeleter>;
 
 /// The longest side of a surface, in pixels. Beyond it Cairo hands out surfaces in error state.
-inline constexpr int kMaxSurfaceSide = 32767;
+inline constexpr int maxSurfaceSide = 32767;
 
 /// A surface over pixels in screen layout (opaque ones become RGB24, the others ARGB32), which it borrows.
 CairoSurfacePtr wrapPixels(std::uint8_t* data, int width, int height, std::size_t bytesPerRow,

@@ -6,7 +6,7 @@
 namespace {
 
 /// No picture of the system comes near it; a wild size is refused rather than tried.
-constexpr std::size_t kMaxOwnedBytes = std::size_t{1} << 28;
+constexpr std::size_t maxOwnedBytes = std::size_t{1} << 28;
 
 void drawOnto(const CairoSurfacePtr& surface, const CGImageRef& image, CGRect rect) {
   const CairoContextPtr cairo(cairo_create(surface.get()));
@@ -21,8 +21,8 @@ std::unique_ptr<CGBitmapContext> CGBitmapContext::create(std::uint8_t* data, int
   if (bytesPerRow / format.bytesPerPixel() < std::size_t(width)) return nullptr;
   std::unique_ptr<CGBitmapContext> context(new CGBitmapContext);
   if (!data) {
-    const bool drawable = width <= kMaxSurfaceSide && height <= kMaxSurfaceSide;
-    if (!drawable || bytesPerRow > kMaxOwnedBytes / std::size_t(height)) return nullptr;
+    const bool drawable = width <= maxSurfaceSide && height <= maxSurfaceSide;
+    if (!drawable || bytesPerRow > maxOwnedBytes / std::size_t(height)) return nullptr;
     context->owned_.resize(bytesPerRow * std::size_t(height));
     data = context->owned_.data();
   }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "platform/coregraphics/cg_image.h"
 
@@ -11,8 +12,8 @@ class CGBitmapContext {
   /// A context over `data`, which the caller owns and keeps alive as long as the context; with null data the
   /// context owns its (zeroed) memory. Null when the size is not positive, the format is not supported or the
   /// rows do not fit into `bytesPerRow`; and when its own memory would be beyond all measure.
-  static std::unique_ptr<CGBitmapContext> create(std::uint8_t* data, int width, int height, std::size_t bytesPerRow,
-                                                 CGPixelFormat format);
+  static std::unique_ptr<CGBitmapContext> create(std::uint8_t* data, int width, int height,
+                                                 std::size_t bytesPerRow, CGPixelFormat format);
 
   /// Draws `image` scaled into `rect` (pixels, y downward, the picture upright); null draws nothing.
   void drawImage(const CGImageRef& image, CGRect rect);

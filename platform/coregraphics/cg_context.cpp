@@ -11,7 +11,7 @@ namespace {
 int pixelCount(CGFloat points, CGFloat scale) {
   const CGFloat pixels = std::ceil(points * scale);
   if (!(pixels > 1)) return 1;
-  return pixels >= CGFloat(kMaxSurfaceSide) ? kMaxSurfaceSide : int(pixels);
+  return pixels >= CGFloat(maxSurfaceSide) ? maxSurfaceSide : int(pixels);
 }
 
 }  // namespace

@@ -21,7 +21,8 @@ struct CGTextStyle {
 /// Drawing in points, y downward, onto a bitmap of some scale. What views draw themselves with.
 class CGContext {
  public:
-  /// A transparent bitmap for `size` points at `scale` pixels a point (rounded up to whole pixels, at least one).
+  /// A transparent bitmap for `size` points at `scale` pixels a point (rounded up to whole pixels, at least
+  /// one).
   CGContext(CGSize size, CGFloat scale);
   CGContext(const CGContext&) = delete;
   CGContext& operator=(const CGContext&) = delete;

@@ -10,9 +10,9 @@
 
 namespace {
 
-constexpr const char* kFontFamily = "Liberation Sans";
+constexpr const char* fontFamily = "Liberation Sans";
 /// More than any line is long; keeps Pango's units within an int.
-constexpr CGFloat kMaxLineWidth = 100'000;
+constexpr CGFloat maxLineWidth = 100'000;
 
 struct GObjectDeleter {
   void operator()(gpointer object) const { g_object_unref(object); }
@@ -59,7 +59,7 @@ LayoutPtr layOut(cairo_t* cairo, std::string_view text, CGFloat width, const CGT
   useUnhintedGlyphs(layout.get());
 
   const FontPtr font(pango_font_description_new());
-  pango_font_description_set_family_static(font.get(), kFontFamily);
+  pango_font_description_set_family_static(font.get(), fontFamily);
   pango_font_description_set_weight(font.get(), style.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
   pango_font_description_set_absolute_size(font.get(), double(style.fontSize) * PANGO_SCALE);
   pango_layout_set_font_description(layout.get(), font.get());
@@ -68,7 +68,7 @@ LayoutPtr layOut(cairo_t* cairo, std::string_view text, CGFloat width, const CGT
   const std::unique_ptr<gchar, GlibDeleter> valid(g_utf8_make_valid(text.data(), gssize(text.size())));
   pango_layout_set_text(layout.get(), valid.get(), -1);
   pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
-  pango_layout_set_width(layout.get(), pango_units_from_double(std::min(width, kMaxLineWidth)));
+  pango_layout_set_width(layout.get(), pango_units_from_double(std::min(width, maxLineWidth)));
   pango_layout_set_ellipsize(layout.get(), PANGO_ELLIPSIZE_END);
   pango_layout_set_alignment(layout.get(), pangoAlignment(style.alignment));
   // Left stays left whatever the script.

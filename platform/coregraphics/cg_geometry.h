@@ -24,7 +24,9 @@ inline constexpr CGRect CGRectZero{};
 
 constexpr CGPoint CGPointMake(CGFloat x, CGFloat y) { return {x, y}; }
 constexpr CGSize CGSizeMake(CGFloat width, CGFloat height) { return {width, height}; }
-constexpr CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height) { return {{x, y}, {width, height}}; }
+constexpr CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height) {
+  return {{x, y}, {width, height}};
+}
 
 /// The outermost edges. Sizes are taken as non-negative.
 constexpr CGFloat CGRectGetMaxX(CGRect rect) { return rect.origin.x + rect.size.width; }

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr CGPixelFormat kGray{8, 8, CGColorSpace::DeviceGray, kCGImageAlphaNone};
+constexpr CGPixelFormat gray{8, 8, CGColorSpace::DeviceGray, kCGImageAlphaNone};
 
 std::size_t bytesInRow(int width, const CGPixelFormat& format) {
   return std::size_t(width) * format.bytesPerPixel();
@@ -55,7 +55,7 @@ CGImage::CGImage(int width, int height, CGPixelFormat format, std::size_t bytesP
       offset_(offset) {}
 
 bool CGImage::isSupported(const CGPixelFormat& format) {
-  if (format == kGray) return true;
+  if (format == gray) return true;
   if (format.bitsPerComponent != 8 || format.bitsPerPixel != 32 ||
       format.colorSpace != CGColorSpace::DeviceRGB) {
     return false;
@@ -102,13 +102,9 @@ CGImageRef CGImageCreateWithImageInRect(const CGImageRef& image, CGRect rect) {
 
 std::size_t CGImageGetWidth(const CGImageRef& image) { return image ? std::size_t(image->width()) : 0; }
 std::size_t CGImageGetHeight(const CGImageRef& image) { return image ? std::size_t(image->height()) : 0; }
-std::size_t CGImageGetBitsPerComponent(const CGImageRef& image) {
-  return image ? image->format().bitsPerComponent : 0;
-}
 std::size_t CGImageGetBitsPerPixel(const CGImageRef& image) {
   return image ? image->format().bitsPerPixel : 0;
 }
-std::size_t CGImageGetBytesPerRow(const CGImageRef& image) { return image ? image->bytesPerRow() : 0; }
 
 std::vector<std::uint8_t> CGDataProviderCopyData(const CGImageRef& image) {
   if (!image) return {};

@@ -40,11 +40,11 @@ class CGImage {
  public:
   using Pixels = std::shared_ptr<const std::vector<std::uint8_t>>;
 
-  /// A picture over `pixels` from byte `offset` on, rows `bytesPerRow` apart. Null when width or height is not
-  /// positive, the format is none of the supported ones (8-bit grey without alpha, 32-bit RGB in the layouts of
-  /// CGBitmapInfo) or the bytes do not suffice.
-  static CGImageRef create(int width, int height, CGPixelFormat format, std::size_t bytesPerRow, Pixels pixels,
-                           std::size_t offset = 0);
+  /// A picture over `pixels` from byte `offset` on, rows `bytesPerRow` apart. Null when width or height is
+  /// not positive, the format is none of the supported ones (8-bit grey without alpha, 32-bit RGB in the
+  /// layouts of CGBitmapInfo) or the bytes do not suffice.
+  static CGImageRef create(int width, int height, CGPixelFormat format, std::size_t bytesPerRow,
+                           Pixels pixels, std::size_t offset = 0);
   static bool isSupported(const CGPixelFormat& format);
 
   int width() const { return width_; }    ///< In pixels.
@@ -59,7 +59,8 @@ class CGImage {
   friend CGImageRef CGImageCreateWithImageInRect(const CGImageRef& image, CGRect rect);
 
  private:
-  CGImage(int width, int height, CGPixelFormat format, std::size_t bytesPerRow, Pixels pixels, std::size_t offset);
+  CGImage(int width, int height, CGPixelFormat format, std::size_t bytesPerRow, Pixels pixels,
+          std::size_t offset);
 
   int width_, height_;
   CGPixelFormat format_;
@@ -68,14 +69,13 @@ class CGImage {
   std::size_t offset_;
 };
 
-/// The part of `image` inside `rect` (pixels), which is first widened outward to whole pixels and then cut to the
-/// picture. Copies no pixel. Null for a null picture, an empty intersection or a rectangle that is not finite.
+/// The part of `image` inside `rect` (pixels), which is first widened outward to whole pixels and then cut to
+/// the picture. Copies no pixel. Null for a null picture, an empty intersection or a rectangle that is not
+/// finite.
 CGImageRef CGImageCreateWithImageInRect(const CGImageRef& image, CGRect rect);
 
-std::size_t CGImageGetWidth(const CGImageRef& image);  ///< 0 for null; so are the next ones.
+std::size_t CGImageGetWidth(const CGImageRef& image);  ///< 0 for null; so are the next two.
 std::size_t CGImageGetHeight(const CGImageRef& image);
-std::size_t CGImageGetBitsPerComponent(const CGImageRef& image);
 std::size_t CGImageGetBitsPerPixel(const CGImageRef& image);
-std::size_t CGImageGetBytesPerRow(const CGImageRef& image);
 /// A copy of the picture's bytes: height rows, bytesPerRow apart, the last one only as long as its pixels.
 std::vector<std::uint8_t> CGDataProviderCopyData(const CGImageRef& image);

@@ -6,15 +6,15 @@
 
 namespace {
 
-constexpr std::array<std::uint8_t, 6> kExifHeader{'E', 'x', 'i', 'f', 0, 0};
-constexpr std::uint16_t kTiffMagic = 42;
-constexpr std::size_t kMagicOffset = 2;
-constexpr std::size_t kFirstDirectoryOffset = 4;
-constexpr std::size_t kTiffHeaderSize = 8;
-constexpr std::size_t kEntrySize = 12;
-constexpr std::uint16_t kOrientationTag = 0x0112;
-constexpr std::uint16_t kTypeShort = 3;
-constexpr int kLastOrientation = 8;
+constexpr std::array<std::uint8_t, 6> exifHeader{'E', 'x', 'i', 'f', 0, 0};
+constexpr std::uint16_t tiffMagic = 42;
+constexpr std::size_t magicOffset = 2;
+constexpr std::size_t firstDirectoryOffset = 4;
+constexpr std::size_t tiffHeaderSize = 8;
+constexpr std::size_t entrySize = 12;
+constexpr std::uint16_t orientationTag = 0x0112;
+constexpr std::uint16_t typeShort = 3;
+constexpr int lastOrientation = 8;
 
 /// The TIFF structure inside, read in its own byte order. What lies outside of it is nothing.
 class Tiff {
@@ -23,9 +23,9 @@ class Tiff {
 
   /// True when the header names a byte order and bears the magic number in it.
   bool readHeader() {
-    if (bytes_.size() < kMagicOffset || bytes_[0] != bytes_[1]) return false;
+    if (bytes_.size() < magicOffset || bytes_[0] != bytes_[1]) return false;
     bigEndian_ = bytes_[0] == 'M';
-    return (bigEndian_ || bytes_[0] == 'I') && number16(kMagicOffset) == kTiffMagic;
+    return (bigEndian_ || bytes_[0] == 'I') && number16(magicOffset) == tiffMagic;
   }
 
   std::optional<std::uint16_t> number16(std::size_t offset) const {
@@ -49,27 +49,27 @@ class Tiff {
 
 /// The value of a directory entry that is one short number; nothing for entries of other types.
 std::optional<std::uint16_t> shortValue(const Tiff& tiff, std::size_t entry) {
-  const bool isOneShort = tiff.number16(entry + 2) == kTypeShort && tiff.number32(entry + 4) == 1u;
+  const bool isOneShort = tiff.number16(entry + 2) == typeShort && tiff.number32(entry + 4) == 1u;
   return isOneShort ? tiff.number16(entry + 8) : std::nullopt;
 }
 
 }  // namespace
 
 int exifOrientation(std::span<const std::uint8_t> app1) {
-  if (app1.size() < kExifHeader.size() || !std::equal(kExifHeader.begin(), kExifHeader.end(), app1.begin())) {
-    return kExifOrientationUp;
+  if (app1.size() < exifHeader.size() || !std::equal(exifHeader.begin(), exifHeader.end(), app1.begin())) {
+    return exifOrientationUp;
   }
-  Tiff tiff(app1.subspan(kExifHeader.size()));
-  if (!tiff.readHeader()) return kExifOrientationUp;
-  const std::size_t directory = tiff.number32(kFirstDirectoryOffset).value_or(0);
-  if (directory < kTiffHeaderSize) return kExifOrientationUp;
+  Tiff tiff(app1.subspan(exifHeader.size()));
+  if (!tiff.readHeader()) return exifOrientationUp;
+  const std::size_t directory = tiff.number32(firstDirectoryOffset).value_or(0);
+  if (directory < tiffHeaderSize) return exifOrientationUp;
   const int entries = tiff.number16(directory).value_or(0);
   for (int i = 0; i < entries; ++i) {
-    const std::size_t entry = directory + 2 + std::size_t(i) * kEntrySize;
-    if (tiff.number16(entry) != kOrientationTag) continue;
-    const int value = shortValue(tiff, entry).value_or(kExifOrientationUp);
-    const bool known = value >= kExifOrientationUp && value <= kLastOrientation;
-    return known ? value : kExifOrientationUp;
+    const std::size_t entry = directory + 2 + std::size_t(i) * entrySize;
+    if (tiff.number16(entry) != orientationTag) continue;
+    const int value = shortValue(tiff, entry).value_or(exifOrientationUp);
+    const bool known = value >= exifOrientationUp && value <= lastOrientation;
+    return known ? value : exifOrientationUp;
   }
-  return kExifOrientationUp;
+  return exifOrientationUp;
 }

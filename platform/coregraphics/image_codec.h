@@ -1,14 +1,11 @@
 #pragma once
 
-#include <optional>
-#include <string>
-
 #include "platform/coregraphics/cg_image.h"
-#include "platform/foundation/property_list.h"
+#include "platform/foundation/ns_data.h"
 
-/// Decodes PNG or JPEG by content, whatever the file was called: grey pictures without alpha to 8-bit grey, all
-/// others to 32-bit screen layout. Null for anything that cannot be decoded whole. A JPEG's EXIF orientation (1 to
-/// 8) goes to `*exifOrientation` when one is given; 1 where there is none.
+/// Decodes PNG or JPEG by content, whatever the file was called: grey pictures without alpha to 8-bit grey,
+/// all others to 32-bit screen layout. Null for anything that cannot be decoded whole. A JPEG's EXIF
+/// orientation (1 to 8) goes to `*exifOrientation` when one is given; 1 where there is none.
 CGImageRef decodeImage(const NSData& data, int* exifOrientation = nullptr);
 
 /// `quality` 0 to 1; at 1 the colours are not subsampled. Alpha is composed onto black. Empty for no picture.

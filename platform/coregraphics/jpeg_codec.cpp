@@ -13,18 +13,19 @@
 #include "platform/coregraphics/exif_orientation.h"
 #include "platform/coregraphics/image_codec.h"
 #include "platform/coregraphics/image_decoders.h"
+#include "platform/coregraphics/picture_size.h"
 
 namespace {
 
-constexpr std::array<std::uint8_t, 3> kJpegSignature{0xFF, 0xD8, 0xFF};
-constexpr int kExifMarker = JPEG_APP0 + 1;
-constexpr unsigned kMaxMarkerLength = 0xFFFF;
+constexpr std::array<std::uint8_t, 3> jpegSignature{0xFF, 0xD8, 0xFF};
+constexpr int exifMarker = JPEG_APP0 + 1;
+constexpr unsigned maxMarkerLength = 0xFFFF;
 /// Real progressive pictures have about ten; a small file of thousands would keep the decoder busy for
 /// minutes.
-constexpr int kMaxScans = 100;
-constexpr int kCmykComponents = 4;
-constexpr int kMaxComponent = 255;
-constexpr std::size_t kOutputChunk = 16384;
+constexpr int maxScans = 100;
+constexpr int cmykComponents = 4;
+constexpr int maxComponent = 255;
+constexpr std::size_t outputChunk = 16384;
 
 /// The library's error handler, leading to an ErrorJump.
 struct ErrorHandler {
@@ -59,7 +60,7 @@ class Decompressor {
     created_ = error_.jump.guard([this] { jpeg_create_decompress(&codec_); });
     progress_.progress_monitor = [](j_common_ptr codec) {
       const auto* decoder = reinterpret_cast<j_decompress_ptr>(codec);
-      if (decoder->input_scan_number > kMaxScans) codec->err->error_exit(codec);
+      if (decoder->input_scan_number > maxScans) codec->err->error_exit(codec);
     };
     codec_.progress = &progress_;
   }
@@ -72,7 +73,7 @@ class Decompressor {
   bool readHeader(const NSData& data) {
     return created_ && error_.jump.guard([&] {
       jpeg_mem_src(&codec_, data.data(), data.size());
-      jpeg_save_markers(&codec_, kExifMarker, kMaxMarkerLength);
+      jpeg_save_markers(&codec_, exifMarker, maxMarkerLength);
       jpeg_read_header(&codec_, TRUE);
     });
   }
@@ -80,18 +81,18 @@ class Decompressor {
   std::uint32_t width() const { return codec_.image_width; }
   std::uint32_t height() const { return codec_.image_height; }
   bool isGray() const { return codec_.jpeg_color_space == JCS_GRAYSCALE; }
-  bool isCmyk() const { return codec_.num_components == kCmykComponents; }
+  bool isCmyk() const { return codec_.num_components == cmykComponents; }
   /// Photo editors that leave Adobe's marker store ink as 255 minus its amount.
   bool inksAreInverted() const { return codec_.saw_Adobe_marker; }
 
   /// To be asked before the pixels are read; the library then forgets its markers.
   int orientation() const {
     for (auto* marker = codec_.marker_list; marker; marker = marker->next) {
-      if (marker->marker != kExifMarker) continue;
+      if (marker->marker != exifMarker) continue;
       const int orientation = exifOrientation({marker->data, marker->data_length});
-      if (orientation != kExifOrientationUp) return orientation;
+      if (orientation != exifOrientationUp) return orientation;
     }
-    return kExifOrientationUp;
+    return exifOrientationUp;
   }
 
   /// Decodes to `pixels`, which has room for all rows: a byte a pixel for grey ones, four for the others.
@@ -116,14 +117,14 @@ class Decompressor {
 
 /// What is left of `light` behind an ink that lets through `part` of it.
 std::uint8_t shaded(int light, int part) {
-  return std::uint8_t((light * part + kMaxComponent / 2) / kMaxComponent);
+  return std::uint8_t((light * part + maxComponent / 2) / maxComponent);
 }
 
 /// Inks to blue, green, red and an unused byte, in place.
 void convertCmyk(std::vector<std::uint8_t>& pixels, bool inverted) {
-  for (std::size_t i = 0; i + kCmykComponents <= pixels.size(); i += kCmykComponents) {
+  for (std::size_t i = 0; i + cmykComponents <= pixels.size(); i += cmykComponents) {
     std::uint8_t* pixel = pixels.data() + i;
-    const auto light = [=](int ink) { return inverted ? pixel[ink] : kMaxComponent - pixel[ink]; };
+    const auto light = [=](int ink) { return inverted ? pixel[ink] : maxComponent - pixel[ink]; };
     const int red = light(0);
     const int green = light(1);
     const int blue = light(2);
@@ -131,7 +132,7 @@ void convertCmyk(std::vector<std::uint8_t>& pixels, bool inverted) {
     pixel[0] = shaded(blue, black);
     pixel[1] = shaded(green, black);
     pixel[2] = shaded(red, black);
-    pixel[3] = kMaxComponent;
+    pixel[3] = maxComponent;
   }
 }
 
@@ -139,7 +140,7 @@ void convertCmyk(std::vector<std::uint8_t>& pixels, bool inverted) {
 struct Destination {
   jpeg_destination_mgr manager{};  // First, so that the library's pointer to it is one to the destination.
   NSData& target;
-  std::array<std::uint8_t, kOutputChunk> chunk;
+  std::array<std::uint8_t, outputChunk> chunk;
 
   explicit Destination(NSData& data) : target(data) {
     manager.init_destination = [](j_compress_ptr codec) { of(codec).startChunk(); };
@@ -210,8 +211,8 @@ class Compressor {
 }  // namespace
 
 bool isJpeg(const NSData& data) {
-  return data.size() >= kJpegSignature.size() &&
-         std::equal(kJpegSignature.begin(), kJpegSignature.end(), data.begin());
+  return data.size() >= jpegSignature.size() &&
+         std::equal(jpegSignature.begin(), jpegSignature.end(), data.begin());
 }
 
 CGImageRef decodeJpeg(const NSData& data, int& orientation) {

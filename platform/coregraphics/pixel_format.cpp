@@ -5,8 +5,8 @@
 
 namespace {
 
-constexpr std::uint8_t kOpaque = 255;
-constexpr std::size_t kWord = 4;
+constexpr std::uint8_t opaque = 255;
+constexpr std::size_t wordBytes = 4;
 
 bool isGray(const CGPixelFormat& format) { return format.colorSpace == CGColorSpace::DeviceGray; }
 
@@ -23,8 +23,8 @@ bool isScreenLayout(CGBitmapInfo info) {
 struct ColorBytes {
   std::size_t red, blue;
 };
-constexpr std::size_t kGreenByte = 1;
-constexpr std::size_t kFourthByte = 3;
+constexpr std::size_t greenByte = 1;
+constexpr std::size_t fourthByte = 3;
 
 ColorBytes colorBytes(const CGPixelFormat& format) {
   return isScreenLayout(format.bitmapInfo) ? ColorBytes{2, 0} : ColorBytes{0, 2};
@@ -36,15 +36,15 @@ std::uint8_t luma(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
 }
 
 void convertGray(const std::uint8_t* from, std::uint8_t* to, int count) {
-  for (; count > 0; --count, ++from, to += kWord) {
+  for (; count > 0; --count, ++from, to += wordBytes) {
     to[0] = to[1] = to[2] = *from;
-    to[kFourthByte] = kOpaque;
+    to[fourthByte] = opaque;
   }
 }
 
 void convertToGray(const std::uint8_t* from, ColorBytes bytes, std::uint8_t* to, int count) {
-  for (; count > 0; --count, from += kWord, ++to)
-    *to = luma(from[bytes.red], from[kGreenByte], from[bytes.blue]);
+  for (; count > 0; --count, from += wordBytes, ++to)
+    *to = luma(from[bytes.red], from[greenByte], from[bytes.blue]);
 }
 
 }  // namespace
@@ -57,8 +57,8 @@ CGPixelFormat screenFormatFor(const CGPixelFormat& format) {
 }
 
 bool isInScreenFormat(const std::uint8_t* data, std::size_t bytesPerRow, const CGPixelFormat& format) {
-  return isScreenLayout(format.bitmapInfo) && reinterpret_cast<std::uintptr_t>(data) % kWord == 0 &&
-         bytesPerRow % kWord == 0 && bytesPerRow <= INT_MAX;
+  return isScreenLayout(format.bitmapInfo) && reinterpret_cast<std::uintptr_t>(data) % wordBytes == 0 &&
+         bytesPerRow % wordBytes == 0 && bytesPerRow <= INT_MAX;
 }
 
 void convertPixels(const std::uint8_t* from, const CGPixelFormat& fromFormat, std::uint8_t* to,
@@ -73,11 +73,11 @@ void convertPixels(const std::uint8_t* from, const CGPixelFormat& fromFormat, st
     const ColorBytes source = colorBytes(fromFormat);
     const ColorBytes target = colorBytes(toFormat);
     const bool keepsAlpha = hasAlpha(fromFormat) && hasAlpha(toFormat);
-    for (; count > 0; --count, from += kWord, to += kWord) {
+    for (; count > 0; --count, from += wordBytes, to += wordBytes) {
       to[target.red] = from[source.red];
-      to[kGreenByte] = from[kGreenByte];
+      to[greenByte] = from[greenByte];
       to[target.blue] = from[source.blue];
-      to[kFourthByte] = keepsAlpha ? from[kFourthByte] : kOpaque;
+      to[fourthByte] = keepsAlpha ? from[fourthByte] : opaque;
     }
   }
 }

@@ -8,14 +8,15 @@
 #include "platform/coregraphics/error_jump.h"
 #include "platform/coregraphics/image_codec.h"
 #include "platform/coregraphics/image_decoders.h"
+#include "platform/coregraphics/picture_size.h"
 
 namespace {
 
-constexpr std::size_t kSignatureLength = 8;
-constexpr int kBytesPerPixel = 4;
-constexpr int kAlphaByte = 3;
-constexpr int kMaxComponent = 255;
-constexpr int kComponentBits = 8;
+constexpr std::size_t signatureLength = 8;
+constexpr int screenPixelBytes = 4;
+constexpr int alphaByte = 3;
+constexpr int maxComponent = 255;
+constexpr int componentBits = 8;
 
 [[noreturn]] void fail(png_structp png, png_const_charp) {
   static_cast<ErrorJump*>(png_get_error_ptr(png))->fail();
@@ -24,26 +25,26 @@ constexpr int kComponentBits = 8;
 void ignoreWarning(png_structp, png_const_charp) {}
 
 std::uint8_t premultiplied(int component, int alpha) {
-  return std::uint8_t((component * alpha + kMaxComponent / 2) / kMaxComponent);
+  return std::uint8_t((component * alpha + maxComponent / 2) / maxComponent);
 }
 
 std::uint8_t unpremultiplied(int component, int alpha) {
-  return std::uint8_t(std::min((component * kMaxComponent + alpha / 2) / alpha, kMaxComponent));
+  return std::uint8_t(std::min((component * maxComponent + alpha / 2) / alpha, maxComponent));
 }
 
 void premultiplyRow(std::uint8_t* pixel, std::uint32_t width) {
-  for (; width > 0; --width, pixel += kBytesPerPixel) {
-    const int alpha = pixel[kAlphaByte];
-    if (alpha == kMaxComponent) continue;
-    for (int k = 0; k < kAlphaByte; ++k) pixel[k] = premultiplied(pixel[k], alpha);
+  for (; width > 0; --width, pixel += screenPixelBytes) {
+    const int alpha = pixel[alphaByte];
+    if (alpha == maxComponent) continue;
+    for (int k = 0; k < alphaByte; ++k) pixel[k] = premultiplied(pixel[k], alpha);
   }
 }
 
 void unpremultiplyRow(std::uint8_t* pixel, int width) {
-  for (; width > 0; --width, pixel += kBytesPerPixel) {
-    const int alpha = pixel[kAlphaByte];
-    if (alpha == 0 || alpha == kMaxComponent) continue;
-    for (int k = 0; k < kAlphaByte; ++k) pixel[k] = unpremultiplied(pixel[k], alpha);
+  for (; width > 0; --width, pixel += screenPixelBytes) {
+    const int alpha = pixel[alphaByte];
+    if (alpha == 0 || alpha == maxComponent) continue;
+    for (int k = 0; k < alphaByte; ++k) pixel[k] = unpremultiplied(pixel[k], alpha);
   }
 }
 
@@ -86,7 +87,7 @@ class Reader {
       if (!isGray_) {
         png_set_gray_to_rgb(png_);
         png_set_bgr(png_);
-        png_set_add_alpha(png_, kMaxComponent, PNG_FILLER_AFTER);
+        png_set_add_alpha(png_, maxComponent, PNG_FILLER_AFTER);
       }
       const int passes = png_set_interlace_handling(png_);
       png_read_update_info(png_, info_);
@@ -135,7 +136,7 @@ class Writer {
   bool writeHeader(int width, int height, int colorType) {
     return info_ && error_.guard([=, this] {
       png_set_write_fn(png_, &target_, appendBytes, [](png_structp) {});
-      png_set_IHDR(png_, info_, std::uint32_t(width), std::uint32_t(height), kComponentBits, colorType,
+      png_set_IHDR(png_, info_, std::uint32_t(width), std::uint32_t(height), componentBits, colorType,
                    PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
       png_write_info(png_, info_);
       if (colorType != PNG_COLOR_TYPE_GRAY) png_set_bgr(png_);
@@ -172,7 +173,7 @@ int colorTypeFor(const CGPixelFormat& format) {
 }  // namespace
 
 bool isPng(const NSData& data) {
-  return data.size() >= kSignatureLength && png_sig_cmp(data.data(), 0, kSignatureLength) == 0;
+  return data.size() >= signatureLength && png_sig_cmp(data.data(), 0, signatureLength) == 0;
 }
 
 CGImageRef decodePng(const NSData& data) {
@@ -181,7 +182,7 @@ CGImageRef decodePng(const NSData& data) {
 
   CGPixelFormat format;
   if (reader.isGray()) {
-    format = {kComponentBits, kComponentBits, CGColorSpace::DeviceGray, kCGImageAlphaNone};
+    format = {componentBits, componentBits, CGColorSpace::DeviceGray, kCGImageAlphaNone};
   } else if (!reader.hasAlpha()) {
     format.bitmapInfo = kCGImageAlphaNoneSkipFirstLittle;
   }

@@ -3,13 +3,13 @@
 namespace {
 
 // The last 32 bytes: five unused, a sort version, two widths, and three 8-byte numbers, big-endian.
-constexpr std::size_t kTrailerSize = 32;
-constexpr std::size_t kOffsetWidthAt = 6;
-constexpr std::size_t kReferenceWidthAt = 7;
-constexpr std::size_t kObjectCountAt = 8;
-constexpr std::size_t kTopObjectAt = 16;
-constexpr std::size_t kOffsetTableAt = 24;
-constexpr std::size_t kLongWidth = 8;
+constexpr std::size_t trailerSize = 32;
+constexpr std::size_t offsetWidthAt = 6;
+constexpr std::size_t referenceWidthAt = 7;
+constexpr std::size_t objectCountAt = 8;
+constexpr std::size_t topObjectAt = 16;
+constexpr std::size_t offsetTableAt = 24;
+constexpr std::size_t longWidth = 8;
 
 // An object begins with a byte of kind and count; a count of 15 stands for an integer object that follows.
 enum Kind : unsigned {
@@ -21,11 +21,11 @@ enum Kind : unsigned {
   Set = 0xC,
   Dictionary = 0xD
 };
-constexpr unsigned kKindShift = 4;
-constexpr unsigned kCountMask = 0xF;
-constexpr unsigned kWidestIntegerExponent = 3;
-constexpr std::size_t kWideCharacter = 2;
-constexpr std::size_t kNodeSize = 64;  // Roughly what the parser takes for an object apart from its payload.
+constexpr unsigned kindShift = 4;
+constexpr unsigned countMask = 0xF;
+constexpr unsigned widestIntegerExponent = 3;
+constexpr std::size_t wideCharacter = 2;
+constexpr std::size_t nodeSize = 64;  // Roughly what the parser takes for an object apart from its payload.
 
 /// The parser cannot represent such a text, and aborts where it is a key.
 bool holdsNul(std::string_view text, std::size_t characterSize) {
@@ -42,21 +42,21 @@ BinaryPropertyListWalk::BinaryPropertyListWalk(std::string_view document, std::s
     : document_(document), deepestNesting_(deepestNesting), largestExpansion_(largestExpansion) {}
 
 bool BinaryPropertyListWalk::isBounded() {
-  if (document_.size() < kTrailerSize) return false;
-  const std::size_t trailer = document_.size() - kTrailerSize;
-  offsetWidth_ = *integerAt(trailer + kOffsetWidthAt, 1);
-  referenceWidth_ = *integerAt(trailer + kReferenceWidthAt, 1);
-  offsetTable_ = *integerAt(trailer + kOffsetTableAt, kLongWidth);
-  const std::uint64_t objectCount = *integerAt(trailer + kObjectCountAt, kLongWidth);
+  if (document_.size() < trailerSize) return false;
+  const std::size_t trailer = document_.size() - trailerSize;
+  offsetWidth_ = *integerAt(trailer + offsetWidthAt, 1);
+  referenceWidth_ = *integerAt(trailer + referenceWidthAt, 1);
+  offsetTable_ = *integerAt(trailer + offsetTableAt, longWidth);
+  const std::uint64_t objectCount = *integerAt(trailer + objectCountAt, longWidth);
   if (objectCount > document_.size()) return false;  // Each object takes a byte at the least.
   states_.assign(objectCount, State::Unseen);
   expansions_.assign(objectCount, 0);
-  return expansionOf(*integerAt(trailer + kTopObjectAt, kLongWidth), 0).has_value();
+  return expansionOf(*integerAt(trailer + topObjectAt, longWidth), 0).has_value();
 }
 
 std::optional<std::uint64_t> BinaryPropertyListWalk::integerAt(std::size_t offset, std::size_t width) const {
   const bool fits = offset <= document_.size() && width <= document_.size() - offset;
-  if (!fits || width == 0 || width > kLongWidth) return std::nullopt;
+  if (!fits || width == 0 || width > longWidth) return std::nullopt;
   std::uint64_t value = 0;
   for (unsigned char byte : document_.substr(offset, width)) value = value << 8 | byte;
   return value;
@@ -69,16 +69,16 @@ std::optional<BinaryPropertyListWalk::Object> BinaryPropertyListWalk::objectAt(s
   if (!head) return std::nullopt;
 
   std::size_t contents = *offset + 1;
-  std::uint64_t count = *head & kCountMask;
-  const unsigned kind = static_cast<unsigned>(*head >> kKindShift);
+  std::uint64_t count = *head & countMask;
+  const unsigned kind = static_cast<unsigned>(*head >> kindShift);
   const bool isContainer = kind == Array || kind == Set || kind == Dictionary;
   const bool isCounted = isContainer || kind == Data || kind == AsciiText || kind == WideText;
   if (!isCounted) return Object();
-  if (count == kCountMask) {
+  if (count == countMask) {
     const auto width = integerAt(contents, 1);
-    if (!width || *width >> kKindShift != Integer || (*width & kCountMask) > kWidestIntegerExponent)
+    if (!width || *width >> kindShift != Integer || (*width & countMask) > widestIntegerExponent)
       return std::nullopt;
-    const std::size_t bytes = std::size_t{1} << (*width & kCountMask);
+    const std::size_t bytes = std::size_t{1} << (*width & countMask);
     const auto longCount = integerAt(contents + 1, bytes);
     if (!longCount) return std::nullopt;
     count = *longCount;
@@ -87,7 +87,7 @@ std::optional<BinaryPropertyListWalk::Object> BinaryPropertyListWalk::objectAt(s
   if (count > document_.size()) return std::nullopt;
 
   if (!isContainer) {
-    const std::size_t characterSize = kind == WideText ? kWideCharacter : 1;
+    const std::size_t characterSize = kind == WideText ? wideCharacter : 1;
     const std::size_t payload = count * characterSize;
     if (kind != Data && holdsNul(document_.substr(contents, payload), characterSize)) return std::nullopt;
     return Object{.payload = payload};
@@ -103,7 +103,7 @@ std::optional<std::size_t> BinaryPropertyListWalk::expansionOf(std::uint64_t ind
   if (!object) return std::nullopt;
 
   states_[index] = State::Open;
-  std::size_t expansion = kNodeSize + object->payload;
+  std::size_t expansion = nodeSize + object->payload;
   for (std::size_t child = 0; child < object->childCount; ++child) {
     const auto reference = integerAt(object->references + child * referenceWidth_, referenceWidth_);
     const auto childExpansion = reference ? expansionOf(*reference, depth + 1) : std::nullopt;

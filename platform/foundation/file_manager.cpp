@@ -13,11 +13,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view kPrivateVar = "/private/var";
-constexpr std::string_view kVar = "/var";
-constexpr mode_t kFileMode = 0644;
-constexpr std::uintmax_t kLargestFile = 256 << 20;  // Bytes; no file of the device comes near it.
-constexpr const char* kTemporaryName = ".write-XXXXXX";
+constexpr std::string_view privateVar = "/private/var";
+constexpr std::string_view var = "/var";
+constexpr mode_t fileMode = 0644;
+constexpr std::uintmax_t largestFile = 256 << 20;  // Bytes; no file of the device comes near it.
+constexpr const char* temporaryName = ".write-XXXXXX";
 
 /// An open file descriptor, closed at the end of its scope.
 class Descriptor {
@@ -53,8 +53,8 @@ std::string standardizedPath(std::string_view devicePath) {
   if (!normal.has_filename()) normal = normal.parent_path();
   std::string path = normal.string();
   const bool isPrivate =
-      path.starts_with(kPrivateVar) && (path.size() == kPrivateVar.size() || path[kPrivateVar.size()] == '/');
-  if (isPrivate) path.replace(0, kPrivateVar.size(), kVar);
+      path.starts_with(privateVar) && (path.size() == privateVar.size() || path[privateVar.size()] == '/');
+  if (isPrivate) path.replace(0, privateVar.size(), var);
   return path;
 }
 
@@ -74,15 +74,15 @@ bool hasDanglingLink(fs::path path, const fs::path& folder) {
 
 bool writePlain(const fs::path& path, const NSData& data) {
   const Descriptor file(
-      ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, kFileMode));
+      ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, fileMode));
   return file.isOpen() && file.write(data);
 }
 
 bool writeAtomically(const fs::path& path, const NSData& data) {
-  std::string temporary = (path.parent_path() / kTemporaryName).string();
+  std::string temporary = (path.parent_path() / temporaryName).string();
   const Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
   if (!file.isOpen()) return false;
-  const bool replaced = file.write(data) && ::fchmod(file.number(), kFileMode) == 0 && file.sync() &&
+  const bool replaced = file.write(data) && ::fchmod(file.number(), fileMode) == 0 && file.sync() &&
                         ::rename(temporary.c_str(), path.c_str()) == 0;
   if (!replaced) {
     ::unlink(temporary.c_str());
@@ -143,7 +143,7 @@ std::optional<NSData> NSFileManager::contents(std::string_view devicePath) const
   if (!path || !fs::is_regular_file(*path, error)) return std::nullopt;
   const std::uintmax_t size = fs::file_size(*path, error);
   std::ifstream stream(*path, std::ios::binary);
-  if (error || size > kLargestFile || !stream) return std::nullopt;
+  if (error || size > largestFile || !stream) return std::nullopt;
   NSData data(size);
   stream.read(reinterpret_cast<char*>(data.data()), static_cast<std::streamsize>(size));
   if (stream.bad()) return std::nullopt;

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/foundation/property_list.h"
+#include "platform/foundation/ns_data.h"
 
 /// The device's file system: absolute device paths under one root folder of the machine.
 ///

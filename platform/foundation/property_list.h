@@ -11,9 +11,9 @@
 #include <variant>
 #include <vector>
 
-/// Property lists as values: what a .plist file holds, in XML or binary form.
+#include "platform/foundation/ns_data.h"
 
-using NSData = std::vector<std::uint8_t>;
+/// Property lists as values: what a .plist file holds, in XML or binary form.
 
 class PropertyList;
 using PropertyListArray = std::vector<PropertyList>;

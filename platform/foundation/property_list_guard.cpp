@@ -7,10 +7,10 @@
 
 namespace {
 
-constexpr std::string_view kBinaryHead = "bplist00";
-constexpr std::size_t kLargestDocument = 16 << 20;   // Bytes.
-constexpr std::size_t kDeepestNesting = 512;         // Arrays and dictionaries inside one another.
-constexpr std::size_t kLargestExpansion = 64 << 20;  // Bytes of objects, each reference counted anew.
+constexpr std::string_view binaryHead = "bplist00";
+constexpr std::size_t largestDocument = 16 << 20;   // Bytes.
+constexpr std::size_t deepestNesting = 512;         // Arrays and dictionaries inside one another.
+constexpr std::size_t largestExpansion = 64 << 20;  // Bytes of objects, each reference counted anew.
 
 /// Follows the tags of an XML document, keeping only which arrays and dictionaries are open.
 class XmlNesting {
@@ -20,7 +20,7 @@ class XmlNesting {
   bool isBounded() {
     if (rest_.find('\0') != std::string_view::npos) return false;  // No XML character, and no end of a text.
     while (skipPast("<")) {
-      if (!takeTag() || open_.size() > kDeepestNesting) return false;
+      if (!takeTag() || open_.size() > deepestNesting) return false;
     }
     return true;
   }
@@ -45,7 +45,7 @@ class XmlNesting {
     if (take("?")) return skipPast("?>");
     if (take("!")) return takeDeclaration();
     const bool closes = take("/");
-    const bool isContainer = rest_.starts_with(kArray) || rest_.starts_with(kDictionary);
+    const bool isContainer = rest_.starts_with(array) || rest_.starts_with(dictionary);
     return !isContainer || takeContainer(closes);
   }
 
@@ -57,7 +57,7 @@ class XmlNesting {
 
   /// Only the plain spelling of a container's tag passes, so that the parser cannot read it another way.
   bool takeContainer(bool closes) {
-    const std::string_view name = rest_.starts_with(kArray) ? kArray : kDictionary;
+    const std::string_view name = rest_.starts_with(array) ? array : dictionary;
     take(name);
     while (!rest_.empty() && std::isspace(static_cast<unsigned char>(rest_.front()))) rest_.remove_prefix(1);
     if (!closes && take("/>")) return true;
@@ -71,8 +71,8 @@ class XmlNesting {
     return true;
   }
 
-  static constexpr std::string_view kArray = "array";
-  static constexpr std::string_view kDictionary = "dict";
+  static constexpr std::string_view array = "array";
+  static constexpr std::string_view dictionary = "dict";
 
   std::string_view rest_;
   std::vector<std::string_view> open_;
@@ -87,9 +87,9 @@ bool looksLikeXml(std::string_view document) {
 }  // namespace
 
 std::optional<PropertyListFormat> parseablePropertyListFormat(std::string_view document) {
-  if (document.size() > kLargestDocument) return std::nullopt;
-  if (document.starts_with(kBinaryHead)) {
-    const bool isBounded = BinaryPropertyListWalk(document, kDeepestNesting, kLargestExpansion).isBounded();
+  if (document.size() > largestDocument) return std::nullopt;
+  if (document.starts_with(binaryHead)) {
+    const bool isBounded = BinaryPropertyListWalk(document, deepestNesting, largestExpansion).isBounded();
     return isBounded ? std::optional(PropertyListFormat::Binary) : std::nullopt;
   }
   const bool isBounded = looksLikeXml(document) && XmlNesting(document).isBounded();

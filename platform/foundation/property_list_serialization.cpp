@@ -12,9 +12,9 @@
 
 namespace {
 
-constexpr std::string_view kUidKey = "CF$UID";  // How XML spells a reference: a dictionary of this one key.
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr double kMicrosecondsPerSecond = 1e6;
+constexpr std::string_view uidKey = "CF$UID";  // How XML spells a reference: a dictionary of this one key.
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr double microsecondsPerSecond = 1e6;
 
 struct NodeDeleter {
   void operator()(plist_t node) const { plist_free(node); }
@@ -46,7 +46,7 @@ PropertyListDate dateOf(plist_t node) {
   std::int32_t seconds = 0;
   std::int32_t microseconds = 0;
   plist_get_date_val(node, &seconds, &microseconds);
-  const double fraction = microseconds / kMicrosecondsPerSecond;
+  const double fraction = microseconds / microsecondsPerSecond;
   return {seconds + std::copysign(fraction, seconds)};  // The fraction comes without its sign.
 }
 
@@ -80,7 +80,7 @@ PropertyListDictionary dictionaryOf(plist_t node, PropertyListFormat format) {
 
 /// The reference that an XML dictionary spells, or nothing when it is an ordinary one.
 std::optional<PropertyListUid> spelledUid(const PropertyListDictionary& dictionary) {
-  const PropertyList* value = dictionary.size() == 1 ? find(dictionary, kUidKey) : nullptr;
+  const PropertyList* value = dictionary.size() == 1 ? find(dictionary, uidKey) : nullptr;
   auto* index = value ? value->as<std::int64_t>() : nullptr;
   if (!index || *index < 0) return std::nullopt;
   return PropertyListUid{static_cast<std::uint64_t>(*index)};
@@ -129,9 +129,9 @@ struct NodeMaker {
   }
 
   plist_t operator()(PropertyListDate value) const {
-    constexpr double kFurthest = std::numeric_limits<std::int32_t>::max();
-    const double seconds = std::clamp(std::trunc(value.seconds), -kFurthest, kFurthest);
-    const double microseconds = std::trunc((value.seconds - seconds) * kMicrosecondsPerSecond);
+    constexpr double furthest = std::numeric_limits<std::int32_t>::max();
+    const double seconds = std::clamp(std::trunc(value.seconds), -furthest, furthest);
+    const double microseconds = std::trunc((value.seconds - seconds) * microsecondsPerSecond);
     return plist_new_date(static_cast<std::int32_t>(seconds), static_cast<std::int32_t>(microseconds));
   }
 
@@ -154,7 +154,7 @@ struct NodeMaker {
 
 std::optional<PropertyList> propertyListWithData(const NSData& data) {
   std::string_view document(reinterpret_cast<const char*>(data.data()), data.size());
-  if (document.starts_with(kByteOrderMark)) document.remove_prefix(kByteOrderMark.size());
+  if (document.starts_with(byteOrderMark)) document.remove_prefix(byteOrderMark.size());
   const auto format = parseablePropertyListFormat(document);
   if (!format) return std::nullopt;
   const auto parse = *format == PropertyListFormat::Binary ? plist_from_bin : plist_from_xml;

@@ -21,9 +21,8 @@ class CAAnimationBlock : public std::enable_shared_from_this<CAAnimationBlock> {
   /// The innermost open block, or null. Not owned by the caller.
   static CAAnimationBlock* current();
 
-  void setDuration(CFTimeInterval seconds) {
-    duration_ = seconds;
-  }  ///< Default 0.2 s. For later changes only.
+  /// Default 0.2 s. For later changes only.
+  void setDuration(CFTimeInterval seconds) { duration_ = seconds; }
   void setTiming(CAMediaTimingFunction timing) { timing_ = timing; }
   void setCompletion(std::function<void()> completion) { completion_ = std::move(completion); }
 

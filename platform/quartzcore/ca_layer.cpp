@@ -25,6 +25,8 @@ CGSize sizeThrough(CGAffineTransform transform, CGSize size) {
           std::abs(transform.b) * size.width + std::abs(transform.d) * size.height};
 }
 
+bool hasArea(CGRect rect) { return rect.size.width > 0 && rect.size.height > 0; }
+
 }  // namespace
 
 CALayer::~CALayer() {
@@ -148,10 +150,15 @@ void CALayer::removeFromSuperlayer() {
 
 // Content.
 
+CGRect CALayer::contentBounds() const {
+  if (hasArea(model_.bounds)) return model_.bounds;
+  const auto shrinking = std::ranges::find(animations_, Key::Bounds, &Animation::key);
+  return shrinking == animations_.end() ? model_.bounds : shrinking->from.bounds;
+}
+
 const CGImageRef& CALayer::displayIfNeeded(CGFloat scale) const {
-  const CGRect bounds = model_.bounds;
-  const bool hasArea = bounds.size.width > 0 && bounds.size.height > 0;
-  if (!delegate_ || !delegate_->drawsContent() || !hasArea) {
+  const CGRect bounds = contentBounds();
+  if (!delegate_ || !delegate_->drawsContent() || !hasArea(bounds)) {
     drawn_ = nullptr;
     return drawn_;
   }

@@ -120,6 +120,9 @@ class CALayer : public NSObject {
   /// The delegate's content as last drawn, at `scale` pixels a point; drawn now if it is out of date. Null
   /// when there is none.
   const CGImageRef& displayIfNeeded(CGFloat scale) const;
+  /// What that content covers: the bounds or, while an animation shrinks them to nothing, those that it
+  /// started from.
+  CGRect contentBounds() const;
 
   /// Called by the block that owns them: ends the animations of `block`.
   void endAnimationsOf(const CAAnimationBlock& block);

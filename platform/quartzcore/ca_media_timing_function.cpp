@@ -18,12 +18,12 @@ double bezierSlope(double t, double c1, double c2) {
 /// The parameter at which the curve's x is `x`. Newton's steps, halving the bracket wherever one would leave
 /// it.
 double parameterAt(double x, double c1, double c2) {
-  constexpr int kMaxSteps = 60;
-  constexpr double kTolerance = 1e-15;
+  constexpr int maxSteps = 60;
+  constexpr double tolerance = 1e-15;
   double low = 0, high = 1, t = x;
-  for (int step = 0; step < kMaxSteps; ++step) {
+  for (int step = 0; step < maxSteps; ++step) {
     const double error = bezier(t, c1, c2) - x;
-    if (std::abs(error) < kTolerance) break;
+    if (std::abs(error) < tolerance) break;
     (error < 0 ? low : high) = t;
     const double newton = t - error / bezierSlope(t, c1, c2);
     const bool staysInside = newton > low && newton < high;  // False for a step over a flat place, too.

@@ -6,9 +6,8 @@ class CAMediaTimingFunction {
   constexpr CAMediaTimingFunction(float c1x, float c1y, float c2x, float c2y)
       : c1x_(c1x), c1y_(c1y), c2x_(c2x), c2y_(c2y) {}
 
-  static constexpr CAMediaTimingFunction easeInEaseOut() {
-    return {0.42f, 0, 0.58f, 1};
-  }  ///< The default curve.
+  /// The default curve.
+  static constexpr CAMediaTimingFunction easeInEaseOut() { return {0.42f, 0, 0.58f, 1}; }
   static constexpr CAMediaTimingFunction easeIn() { return {0.42f, 0, 1, 1}; }
   static constexpr CAMediaTimingFunction easeOut() { return {0, 0, 0.58f, 1}; }
   static constexpr CAMediaTimingFunction linear() { return {0, 0, 1, 1}; }

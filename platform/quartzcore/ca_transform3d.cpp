@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr CGFloat kHalfTurn = std::numbers::pi_v<CGFloat>;
+constexpr CGFloat halfTurn = std::numbers::pi_v<CGFloat>;
 
 /// The linear part of a plane transform: first scale, then skew along x, then rotation.
 struct LinearParts {
@@ -39,8 +39,8 @@ LinearParts decompose(const CATransform3D& t) {
 
 LinearParts between(const LinearParts& from, const LinearParts& to, CGFloat progress) {
   CGFloat turn = to.angle - from.angle;
-  if (turn > kHalfTurn) turn -= 2 * kHalfTurn;
-  if (turn < -kHalfTurn) turn += 2 * kHalfTurn;
+  if (turn > halfTurn) turn -= 2 * halfTurn;
+  if (turn < -halfTurn) turn += 2 * halfTurn;
   return {between(from.scaleX, to.scaleX, progress), between(from.scaleY, to.scaleY, progress),
           between(from.skew, to.skew, progress), from.angle + turn * progress};
 }
@@ -68,13 +68,13 @@ CGAffineTransform CATransform3DGetAffineTransform(const CATransform3D& transform
 CATransform3D interpolate(const CATransform3D& from, const CATransform3D& to, CGFloat progress) {
   if (progress <= 0) return from;
   if (progress >= 1) return to;
-  constexpr CGFloat CATransform3D::*kComponents[] = {
+  constexpr CGFloat CATransform3D::*components[] = {
       &CATransform3D::m11, &CATransform3D::m12, &CATransform3D::m13, &CATransform3D::m14,
       &CATransform3D::m21, &CATransform3D::m22, &CATransform3D::m23, &CATransform3D::m24,
       &CATransform3D::m31, &CATransform3D::m32, &CATransform3D::m33, &CATransform3D::m34,
       &CATransform3D::m41, &CATransform3D::m42, &CATransform3D::m43, &CATransform3D::m44};
   CATransform3D result;
-  for (auto component : kComponents) result.*component = between(from.*component, to.*component, progress);
+  for (auto component : components) result.*component = between(from.*component, to.*component, progress);
   if (isFlat(from) || isFlat(to)) return result;
 
   const LinearParts parts = between(decompose(from), decompose(to), progress);

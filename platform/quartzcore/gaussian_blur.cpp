@@ -6,12 +6,12 @@
 
 namespace {
 
-constexpr int kChannels = 4;
+constexpr int channels = 4;
 
 /// The centre's weight first, then those of the neighbours on one side. All of them, both sides, add up to 1.
 std::vector<float> gaussianWeights(double sigma) {
   if (!(sigma > 0)) return {1};
-  const int reach = static_cast<int>(std::ceil(sigma * kGaussianReach));
+  const int reach = static_cast<int>(std::ceil(sigma * gaussianReach));
   std::vector<double> exact;
   double sum = 0;
   for (int i = 0; i <= reach; ++i) {
@@ -53,10 +53,10 @@ void blurGaussian(std::uint8_t* pixels, int width, int height, std::size_t bytes
   const auto weightsX = gaussianWeights(sigmaX), weightsY = gaussianWeights(sigmaY);
   const std::size_t reachX = weightsX.size() - 1;
   const int reachY = static_cast<int>(weightsY.size()) - 1;
-  const std::size_t count = static_cast<std::size_t>(width) * kChannels;
+  const std::size_t count = static_cast<std::size_t>(width) * channels;
 
-  std::vector<float> padded(count + 2 * reachX * kChannels);  // One row with transparency on both sides.
-  float* const source = padded.data() + reachX * kChannels;
+  std::vector<float> padded(count + 2 * reachX * channels);  // One row with transparency on both sides.
+  float* const source = padded.data() + reachX * channels;
   const std::vector<float> transparentRow(count);
   RowRing ring(weightsY.size() * 2, count);
   std::vector<float> sum(count);
@@ -66,7 +66,7 @@ void blurGaussian(std::uint8_t* pixels, int width, int height, std::size_t bytes
     float* target = ring.row(y);
     startSum(target, source, weightsX[0], count);
     for (std::size_t i = 1; i <= reachX; ++i)
-      addPair(target, source - i * kChannels, source + i * kChannels, weightsX[i], count);
+      addPair(target, source - i * channels, source + i * channels, weightsX[i], count);
   };
   auto blurredRow = [&](int y) { return y < 0 || y >= height ? transparentRow.data() : ring.row(y); };
 

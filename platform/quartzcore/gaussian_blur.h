@@ -5,13 +5,13 @@
 
 /// How many standard deviations away a Gaussian is taken as zero: what is left there is less than half of an
 /// 8-bit step. Internal to the renderer, as is the whole header.
-inline constexpr double kGaussianReach = 3;
+inline constexpr double gaussianReach = 3;
 
 /// The largest standard deviation, in pixels. Hardly anything can be told apart in a picture blurred like
 /// that.
-inline constexpr double kMaxBlurSigma = 64;
+inline constexpr double maxBlurSigma = 64;
 
 /// Blurs premultiplied 32-bit pixels in place by a Gaussian whose standard deviations are `sigmaX` and
-/// `sigmaY` pixels, 0 to kMaxBlurSigma. The picture is transparent outside.
+/// `sigmaY` pixels, 0 to maxBlurSigma. The picture is transparent outside.
 void blurGaussian(std::uint8_t* pixels, int width, int height, std::size_t bytesPerRow, double sigmaX,
                   double sigmaY);

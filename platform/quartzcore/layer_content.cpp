@@ -31,13 +31,12 @@ void drawPattern(cairo_t* cairo, const CALayer& layer, CGRect bounds, CGFloat op
   cairo_restore(cairo);
 }
 
-/// What the delegate drew covers the model's bounds, in whole pixels; it goes along while the bounds are
-/// resized.
+/// What the delegate drew goes along while the bounds are resized. It comes in whole pixels.
 void drawDelegateContent(cairo_t* cairo, const CALayer& layer, CGRect bounds, CGFloat opacity,
                          CGFloat scale) {
   const CGImageRef& drawn = layer.displayIfNeeded(scale);
   if (!drawn) return;
-  const CGSize full = layer.bounds().size;
+  const CGSize full = layer.contentBounds().size;
   const CGFloat pixelWidth = bounds.size.width / full.width / scale;
   const CGFloat pixelHeight = bounds.size.height / full.height / scale;
   const CGSize size{static_cast<CGFloat>(drawn->width()) * pixelWidth,

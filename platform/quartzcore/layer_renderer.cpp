@@ -14,16 +14,16 @@ namespace {
 
 /// False for a transform that flattens a layer to (almost) nothing, and where the numbers have run out.
 bool keepsShape(const cairo_matrix_t& m) {
-  constexpr double kSmallestScale = 1e-4;
+  constexpr double smallestScale = 1e-4;
   const double area = std::abs(m.xx * m.yy - m.xy * m.yx);
   const double stretch = std::max(std::hypot(m.xx, m.yx), std::hypot(m.xy, m.yy));
-  return std::isfinite(area) && std::isfinite(m.x0) && std::isfinite(m.y0) && area > kSmallestScale * stretch;
+  return std::isfinite(area) && std::isfinite(m.x0) && std::isfinite(m.y0) && area > smallestScale * stretch;
 }
 
 /// False for what reaches further than the drawing library can count.
 bool canBeDrawn(const DeviceBox& box) {
-  constexpr double kFarthest = 1 << 22;
-  return std::max({-box.left, -box.top, box.right, box.bottom}) < kFarthest;
+  constexpr double farthest = 1 << 22;
+  return std::max({-box.left, -box.top, box.right, box.bottom}) < farthest;
 }
 
 /// A layer somewhere in the tree, as it looks at one time.
@@ -111,9 +111,9 @@ class LayerPainter {
   /// The layer's mask cuts what comes out.
   void drawBlurred(const PlacedLayer& placed, const DeviceBox& clip) {
     const AxisScale axes = axisScale(placed.toDevice);
-    const double sigmaX = std::min(placed.blur() * axes.x, kMaxBlurSigma);
-    const double sigmaY = std::min(placed.blur() * axes.y, kMaxBlurSigma);
-    const double reachX = sigmaX * kGaussianReach, reachY = sigmaY * kGaussianReach;
+    const double sigmaX = std::min(placed.blur() * axes.x, maxBlurSigma);
+    const double sigmaY = std::min(placed.blur() * axes.y, maxBlurSigma);
+    const double reachX = sigmaX * gaussianReach, reachY = sigmaY * gaussianReach;
     const DeviceBox spread = extent(placed).grown(reachX, reachY);
     const DeviceBox box = spread.intersected(clip.grown(reachX, reachY)).roundedOut();
     if (spread.intersected(clip).empty()) return;
@@ -141,7 +141,7 @@ class LayerPainter {
       const PlacedLayer inner(*sublayer, placed.toDevice, placed.opacity, time_);
       if (!inner.visible()) continue;
       const AxisScale axes = axisScale(inner.toDevice);
-      const double reach = inner.blur() * kGaussianReach;
+      const double reach = inner.blur() * gaussianReach;
       result = result.united(extent(inner).grown(reach * axes.x, reach * axes.y));
       if (inner.shadow().color.alpha > 0) result = result.united(shadowBox(inner.shadow(), inner.toDevice));
     }
@@ -156,7 +156,7 @@ class LayerPainter {
 /// 0 where there can be no picture of that size.
 int wholePixels(CGFloat points, CGFloat scale) {
   const CGFloat pixels = std::ceil(points * scale);
-  return pixels > 0 && pixels <= static_cast<CGFloat>(kMaxSurfaceSide) ? static_cast<int>(pixels) : 0;
+  return pixels > 0 && pixels <= static_cast<CGFloat>(maxSurfaceSide) ? static_cast<int>(pixels) : 0;
 }
 
 }  // namespace

@@ -10,9 +10,9 @@ namespace {
 
 // The scales of the two profiles are chosen so that the product of two full values, 24 bits further down, is
 // 255 and leaves room to round in 32 bits.
-constexpr double kProfileX = 0xFF00;
-constexpr double kProfileY = 0xFFFF;
-constexpr double kMaxMaskSide = 4096;
+constexpr double profileX = 0xFF00;
+constexpr double profileY = 0xFFFF;
+constexpr double maxMaskSide = 4096;
 
 /// The integral of the normal distribution's cumulative function: what an edge covers, summed up to `x`.
 double edgeIntegral(double x, double sigma) {
@@ -43,8 +43,8 @@ std::vector<std::uint16_t> profile(double first, int count, double low, double h
 /// rectangle: the mask is the product of a profile along and one across.
 CairoSurfacePtr shadowMask(const DeviceBox& rect, AxisScale sigma, const DeviceBox& box) {
   const int width = box.width(), height = box.height();
-  const auto along = profile(box.left, width, rect.left, rect.right, sigma.x, kProfileX);
-  const auto across = profile(box.top, height, rect.top, rect.bottom, sigma.y, kProfileY);
+  const auto along = profile(box.left, width, rect.left, rect.right, sigma.x, profileX);
+  const auto across = profile(box.top, height, rect.top, rect.bottom, sigma.y, profileY);
   CairoSurfacePtr mask(cairo_image_surface_create(CAIRO_FORMAT_A8, width, height));
   std::uint8_t* row = cairo_image_surface_get_data(mask.get());
   const auto bytesPerRow = cairo_image_surface_get_stride(mask.get());
@@ -61,16 +61,16 @@ CairoSurfacePtr shadowMask(const DeviceBox& rect, AxisScale sigma, const DeviceB
 
 /// True when upright rectangles stay upright: no rotation, or one by quarter turns, as good as floats get it.
 bool keepsUpright(const cairo_matrix_t& m) {
-  constexpr double kNothing = 1e-6;
+  constexpr double nothing = 1e-6;
   const double straight = std::hypot(m.xx, m.yy), crossed = std::hypot(m.xy, m.yx);
-  return std::min(straight, crossed) <= kNothing * std::max(straight, crossed);
+  return std::min(straight, crossed) <= nothing * std::max(straight, crossed);
 }
 
 /// From the shadow's coordinates to a raster for the mask: the device's own pixels where the shadow is
 /// upright on it, otherwise about as fine as those along the shadow's own axes.
 cairo_matrix_t maskRaster(const cairo_matrix_t& toDevice, const DeviceBox& visible) {
   if (keepsUpright(toDevice)) return toDevice;
-  auto scaleFor = [](double length, double extent) { return std::min(length, kMaxMaskSide / extent); };
+  auto scaleFor = [](double length, double extent) { return std::min(length, maxMaskSide / extent); };
   cairo_matrix_t raster;
   cairo_matrix_init_scale(&raster,
                           scaleFor(std::hypot(toDevice.xx, toDevice.yx), visible.right - visible.left),
@@ -85,7 +85,7 @@ cairo_matrix_t inverse(cairo_matrix_t matrix) {
 
 /// In the shadow's own coordinates.
 DeviceBox reachOf(const RectangleShadow& shadow) {
-  const double reach = std::max(shadow.sigma, 0.0) * kGaussianReach;
+  const double reach = std::max(shadow.sigma, 0.0) * gaussianReach;
   return boxOf(shadow.rect).grown(reach, reach);
 }
 

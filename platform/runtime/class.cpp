@@ -30,12 +30,6 @@ Method* Class::find(const MethodTable& table, std::string_view selector) {
   return entry == table.end() ? nullptr : entry->get();
 }
 
-bool Class::isSubclassOf(const Class& other) const {
-  const Class* cls = this;
-  while (cls && cls != &other) cls = cls->superclass_;
-  return cls != nullptr;
-}
-
 Method* Class::instanceMethod(std::string_view selector) {
   for (Class* cls = this; cls; cls = cls->superclass_) {
     if (Method* method = find(cls->methods_, selector)) return method;

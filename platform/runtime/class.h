@@ -63,8 +63,6 @@ class Class {
   Class(std::string name, Class* superclass) : name_(std::move(name)), superclass_(superclass) {}
 
   const std::string& name() const { return name_; }
-  Class* superclass() const { return superclass_; }  ///< Null for the root class.
-  bool isSubclassOf(const Class& other) const;       ///< A class is a subclass of itself.
 
   /// Adds the implementation of an instance method, or puts it in the place of this class's own one.
   template <class R, class... Args>

@@ -21,7 +21,6 @@ class NSObject : public std::enable_shared_from_this<NSObject> {
   bool respondsToSelector(std::string_view selector) const {
     return isa().instanceMethod(selector) != nullptr;
   }
-  bool isKindOfClass(const Class& cls) const { return isa().isSubclassOf(cls); }
 
   /// Equality of value where a class defines one; identity otherwise.
   virtual bool isEqual(const NSObject& other) const { return this == &other; }

@@ -8,7 +8,8 @@ class SBUIAnimationController : public NSObject {
   OBJC_CLASS(SBUIAnimationController, NSObject)
  public:
   /// Either application may be null: the home screen. The controller, or null when it could not be made.
-  SBUIAnimationController* initWithActivatingApp(SBApplication* activatingApp, SBApplication* deactivatingApp) {
+  SBUIAnimationController* initWithActivatingApp(SBApplication* activatingApp,
+                                                 SBApplication* deactivatingApp) {
     return send<SBUIAnimationController*>(*this, "initWithActivatingApp:deactivatingApp:", activatingApp,
                                           deactivatingApp);
   }

@@ -13,19 +13,19 @@
 
 namespace {
 
-const std::string kLibraryFolder = "/Library/MobileSubstrate/DynamicLibraries/";
-constexpr std::string_view kLibraryExtension = ".dylib";
-constexpr std::string_view kFilterExtension = ".plist";
-constexpr std::string_view kFilterKey = "Filter";
-constexpr std::string_view kBundlesKey = "Bundles";
+const std::string libraryFolder = "/Library/MobileSubstrate/DynamicLibraries/";
+constexpr std::string_view libraryExtension = ".dylib";
+constexpr std::string_view filterExtension = ".plist";
+constexpr std::string_view filterKey = "Filter";
+constexpr std::string_view bundlesKey = "Bundles";
 
 /// The bundle identifiers that a library's filter names; nothing when the filter cannot be read.
 std::optional<PropertyListArray> bundlesOfFilter(const std::string& filterPath) {
   const auto list = dictionaryWithContentsOfFile(filterPath);
-  const PropertyList* entry = list ? find(*list, kFilterKey) : nullptr;
+  const PropertyList* entry = list ? find(*list, filterKey) : nullptr;
   auto* filter = entry ? entry->as<PropertyListDictionary>() : nullptr;
   if (!filter) return std::nullopt;
-  const PropertyList* bundles = find(*filter, kBundlesKey);
+  const PropertyList* bundles = find(*filter, bundlesKey);
   if (!bundles) return PropertyListArray();  // A filter by other means, which we do not meet.
   auto* names = bundles->as<PropertyListArray>();
   return names ? std::optional(*names) : std::nullopt;
@@ -58,11 +58,11 @@ std::string load(const std::string& devicePath) {
 
 std::vector<LoadedLibrary> loadLibrariesForBundle(const std::string& bundleIdentifier) {
   std::vector<LoadedLibrary> libraries;
-  for (const std::string& name : NSFileManager::defaultManager().contentsOfDirectory(kLibraryFolder)) {
-    if (!name.ends_with(kLibraryExtension)) continue;
-    const std::string path = kLibraryFolder + name;
-    const std::string stem = path.substr(0, path.size() - kLibraryExtension.size());
-    const std::string filterPath = stem + std::string(kFilterExtension);
+  for (const std::string& name : NSFileManager::defaultManager().contentsOfDirectory(libraryFolder)) {
+    if (!name.ends_with(libraryExtension)) continue;
+    const std::string path = libraryFolder + name;
+    const std::string stem = path.substr(0, path.size() - libraryExtension.size());
+    const std::string filterPath = stem + std::string(filterExtension);
     const auto bundles = bundlesOfFilter(filterPath);
     if (!bundles) {
       libraries.push_back({path, filterPath + ": no readable filter"});

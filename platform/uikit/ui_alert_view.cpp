@@ -77,9 +77,12 @@ class GlassButton : public UIButton {
 
 }  // namespace
 
-UIAlertView::UIAlertView(std::string title, std::string message, NSObject*, std::string cancelButtonTitle,
-                         std::vector<std::string> otherButtonTitles)
-    : title_(std::move(title)), message_(std::move(message)), buttonTitles_(std::move(otherButtonTitles)) {
+UIAlertView::UIAlertView(std::string title, std::string message, NSObject* delegate,
+                         std::string cancelButtonTitle, std::vector<std::string> otherButtonTitles)
+    : title_(std::move(title)),
+      message_(std::move(message)),
+      buttonTitles_(std::move(otherButtonTitles)),
+      delegate_(delegate) {
   registerUIKitClasses();
   if (!cancelButtonTitle.empty()) buttonTitles_.insert(buttonTitles_.begin(), std::move(cancelButtonTitle));
 }

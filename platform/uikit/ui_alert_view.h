@@ -21,9 +21,9 @@ class UIAlertView : public UIView {
 
   const std::string& title() const { return title_; }
   const std::string& message() const { return message_; }
-  const std::vector<std::string>& buttonTitles() const {
-    return buttonTitles_;
-  }  ///< The cancel button first.
+  /// The cancel button first.
+  const std::vector<std::string>& buttonTitles() const { return buttonTitles_; }
+  NSObject* delegate() const { return delegate_; }
 
   /// The alerts on screen, oldest first.
   static const std::vector<std::shared_ptr<UIAlertView>>& visibleAlerts();
@@ -46,5 +46,6 @@ class UIAlertView : public UIView {
   std::vector<Line> lines_;
   std::string title_, message_;
   std::vector<std::string> buttonTitles_;
+  NSObject* delegate_;                     // Its maker owns it. May be null.
   std::shared_ptr<UIWindow> alertWindow_;  // Exists while on screen.
 };

@@ -11,25 +11,25 @@
 
 namespace {
 
-constexpr std::string_view kArchiverKey = "$archiver";
-constexpr std::string_view kArchiver = "NSKeyedArchiver";
-constexpr std::string_view kVersionKey = "$version";
-constexpr std::int64_t kVersion = 100000;
-constexpr std::string_view kTopKey = "$top";
-constexpr std::string_view kRootKey = "root";
-constexpr std::string_view kObjectsKey = "$objects";
-constexpr std::string_view kNull = "$null";
-constexpr std::string_view kClassKey = "$class";
-constexpr std::string_view kClassNameKey = "$classname";
-constexpr std::string_view kClassesKey = "$classes";
-constexpr std::string_view kClassName = "UIColor";
-constexpr std::string_view kRootClassName = "NSObject";
+constexpr std::string_view archiverKey = "$archiver";
+constexpr std::string_view archiver = "NSKeyedArchiver";
+constexpr std::string_view versionKey = "$version";
+constexpr std::int64_t archiveVersion = 100000;
+constexpr std::string_view topKey = "$top";
+constexpr std::string_view rootKey = "root";
+constexpr std::string_view objectsKey = "$objects";
+constexpr std::string_view null = "$null";
+constexpr std::string_view classKey = "$class";
+constexpr std::string_view classNameKey = "$classname";
+constexpr std::string_view classesKey = "$classes";
+constexpr std::string_view className = "UIColor";
+constexpr std::string_view rootClassName = "NSObject";
 
-constexpr std::string_view kCountKey = "UIColorComponentCount";
-constexpr std::string_view kColorSpaceKey = "NSColorSpace";
-constexpr std::string_view kDoubleSuffix = "-Double";
-constexpr std::string_view kAlphaKey = "UIAlpha";
-constexpr CGFloat kOpaque = 1;
+constexpr std::string_view countKey = "UIColorComponentCount";
+constexpr std::string_view colorSpaceKey = "NSColorSpace";
+constexpr std::string_view doubleSuffix = "-Double";
+constexpr std::string_view alphaKey = "UIAlpha";
+constexpr CGFloat opaque = 1;
 
 /// One of the two forms: its components' keys, without alpha, and the key of the same numbers as text.
 struct Form {
@@ -40,10 +40,10 @@ struct Form {
   std::int64_t componentCount() const { return static_cast<std::int64_t>(componentKeys.size()) + 1; }
 };
 
-constexpr std::array<std::string_view, 3> kColorKeys = {"UIRed", "UIGreen", "UIBlue"};
-constexpr std::array<std::string_view, 1> kWhiteKeys = {"UIWhite"};
-constexpr Form kColorForm = {kColorKeys, "NSRGB", 2};
-constexpr Form kWhiteForm = {kWhiteKeys, "NSWhite", 4};
+constexpr std::array<std::string_view, 3> colorKeys = {"UIRed", "UIGreen", "UIBlue"};
+constexpr std::array<std::string_view, 1> whiteKeys = {"UIWhite"};
+constexpr Form colorForm = {colorKeys, "NSRGB", 2};
+constexpr Form whiteForm = {whiteKeys, "NSWhite", 4};
 
 using Components = std::vector<CGFloat>;
 
@@ -69,36 +69,36 @@ const PropertyListDictionary* referred(const PropertyListDictionary& dictionary,
 }
 
 bool isColorClass(const PropertyListDictionary& cls) {
-  if (isText(find(cls, kClassNameKey), kClassName)) return true;
-  auto* ancestry = findAs<PropertyListArray>(cls, kClassesKey);
+  if (isText(find(cls, classNameKey), className)) return true;
+  auto* ancestry = findAs<PropertyListArray>(cls, classesKey);
   return ancestry && std::any_of(ancestry->begin(), ancestry->end(),
-                                 [](const PropertyList& name) { return isText(&name, kClassName); });
+                                 [](const PropertyList& name) { return isText(&name, className); });
 }
 
 /// The archived colour's own dictionary, or null when the archive holds none. It belongs to `archive`.
 const PropertyListDictionary* rootColor(const PropertyListDictionary& archive) {
-  auto* version = findAs<std::int64_t>(archive, kVersionKey);
-  if (!isText(find(archive, kArchiverKey), kArchiver) || !version || *version != kVersion) return nullptr;
-  auto* top = findAs<PropertyListDictionary>(archive, kTopKey);
-  auto* objects = findAs<PropertyListArray>(archive, kObjectsKey);
+  auto* version = findAs<std::int64_t>(archive, versionKey);
+  if (!isText(find(archive, archiverKey), archiver) || !version || *version != archiveVersion) return nullptr;
+  auto* top = findAs<PropertyListDictionary>(archive, topKey);
+  auto* objects = findAs<PropertyListArray>(archive, objectsKey);
   if (!top || !objects) return nullptr;
-  const PropertyListDictionary* root = referred(*top, kRootKey, *objects);
-  const PropertyListDictionary* cls = root ? referred(*root, kClassKey, *objects) : nullptr;
+  const PropertyListDictionary* root = referred(*top, rootKey, *objects);
+  const PropertyListDictionary* cls = root ? referred(*root, classKey, *objects) : nullptr;
   return cls && isColorClass(*cls) ? root : nullptr;
 }
 
 /// The value of a component's key, in plain or in wider spelling; null when it has neither.
 const PropertyList* findComponent(const PropertyListDictionary& object, std::string_view key) {
   const PropertyList* plain = find(object, key);
-  return plain ? plain : find(object, std::string(key) + std::string(kDoubleSuffix));
+  return plain ? plain : find(object, std::string(key) + std::string(doubleSuffix));
 }
 
 /// The number under a component's key. Something else there spoils the archive: it reads as out of range.
 std::optional<CGFloat> componentOf(const PropertyListDictionary& object, std::string_view key) {
-  constexpr CGFloat kSpoilt = -1;
+  constexpr CGFloat spoilt = -1;
   const PropertyList* value = findComponent(object, key);
   if (!value) return std::nullopt;
-  return value->as<bool>() ? kSpoilt : value->floatValue().value_or(kSpoilt);
+  return value->as<bool>() ? spoilt : value->floatValue().value_or(spoilt);
 }
 
 /// The numbers of a text such as "1 0.5 0"; nothing when there is anything else in it.
@@ -120,8 +120,8 @@ std::optional<Components> parseComponents(const NSData& data) {
 
 /// The form that an archive says it has or, where it does not say, that its keys show; null for neither.
 const Form* formOf(const PropertyListDictionary& object) {
-  const std::array forms = {&kColorForm, &kWhiteForm};
-  const PropertyList* count = find(object, kCountKey);
+  const std::array forms = {&colorForm, &whiteForm};
+  const PropertyList* count = find(object, countKey);
   auto form = std::find_if(forms.begin(), forms.end(), [&](const Form* candidate) {
     if (count) return *count == PropertyList(candidate->componentCount());
     return findComponent(object, candidate->componentKeys.front()) || find(object, candidate->textKey);
@@ -148,9 +148,9 @@ std::optional<Components> componentsOf(const PropertyListDictionary& object, con
     if (!parsed || parsed->size() < count || parsed->size() > count + 1) return std::nullopt;
     components = std::move(*parsed);
   }
-  const CGFloat alphaOfText = components.size() > count ? components.back() : kOpaque;
+  const CGFloat alphaOfText = components.size() > count ? components.back() : opaque;
   components.resize(count);
-  components.push_back(componentOf(object, kAlphaKey).value_or(alphaOfText));
+  components.push_back(componentOf(object, alphaKey).value_or(alphaOfText));
   return areInRange(components) ? std::optional(components) : std::nullopt;
 }
 
@@ -159,7 +159,7 @@ std::optional<Components> componentsOf(const PropertyListDictionary& object, con
 
 PropertyList textData(const Components& components, CGFloat alpha) {
   std::string text = fmt::format("{}", fmt::join(components, " "));
-  if (alpha != kOpaque) text += fmt::format(" {}", alpha);
+  if (alpha != opaque) text += fmt::format(" {}", alpha);
   return NSData(text.begin(), text.end());
 }
 
@@ -170,11 +170,11 @@ PropertyListDictionary objectOf(const Form& form, const Components& components, 
     object.emplace(key, std::move(value));
   };
   for (std::size_t i = 0; i < components.size(); ++i) set(form.componentKeys[i], double{components[i]});
-  set(kAlphaKey, double{alpha});
-  set(kCountKey, form.componentCount());
+  set(alphaKey, double{alpha});
+  set(countKey, form.componentCount());
   set(form.textKey, textData(components, alpha));
-  set(kColorSpaceKey, form.colorSpace);
-  set(kClassKey, cls);
+  set(colorSpaceKey, form.colorSpace);
+  set(classKey, cls);
   return object;
 }
 
@@ -183,20 +183,20 @@ PropertyList text(std::string_view value) { return std::string(value); }
 }  // namespace
 
 NSData archivedDataWithRootObject(const UIColor& color) {
-  constexpr PropertyListUid kColor = {1};  // Places in the list of objects below.
-  constexpr PropertyListUid kClass = {2};
+  constexpr PropertyListUid colorPlace = {1};  // Places in the list of objects below.
+  constexpr PropertyListUid classPlace = {2};
   const CGColor value = color.cgColor();
   const PropertyListDictionary object =
-      color.isGray() ? objectOf(kWhiteForm, {value.red}, value.alpha, kClass)
-                     : objectOf(kColorForm, {value.red, value.green, value.blue}, value.alpha, kClass);
+      color.isGray() ? objectOf(whiteForm, {value.red}, value.alpha, classPlace)
+                     : objectOf(colorForm, {value.red, value.green, value.blue}, value.alpha, classPlace);
   const PropertyListDictionary cls = {
-      {std::string(kClassNameKey), text(kClassName)},
-      {std::string(kClassesKey), PropertyListArray{text(kClassName), text(kRootClassName)}}};
+      {std::string(classNameKey), text(className)},
+      {std::string(classesKey), PropertyListArray{text(className), text(rootClassName)}}};
   const PropertyListDictionary archive = {
-      {std::string(kArchiverKey), text(kArchiver)},
-      {std::string(kVersionKey), kVersion},
-      {std::string(kTopKey), PropertyListDictionary{{std::string(kRootKey), kColor}}},
-      {std::string(kObjectsKey), PropertyListArray{text(kNull), object, cls}}};
+      {std::string(archiverKey), text(archiver)},
+      {std::string(versionKey), archiveVersion},
+      {std::string(topKey), PropertyListDictionary{{std::string(rootKey), colorPlace}}},
+      {std::string(objectsKey), PropertyListArray{text(null), object, cls}}};
   return dataWithPropertyList(archive, PropertyListFormat::Binary);
 }
 
@@ -208,6 +208,6 @@ std::optional<UIColor> unarchiveColorWithData(const NSData& data) {
   const auto components = form ? componentsOf(*object, *form) : std::nullopt;
   if (!components) return std::nullopt;
   const CGFloat alpha = components->back();
-  if (form == &kWhiteForm) return UIColor::colorWithWhite(components->front(), alpha);
+  if (form == &whiteForm) return UIColor::colorWithWhite(components->front(), alpha);
   return UIColor::colorWithRed((*components)[0], (*components)[1], (*components)[2], alpha);
 }

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/coregraphics/cg_image.h"
-#include "platform/foundation/property_list.h"
+#include "platform/foundation/ns_data.h"
 #include "platform/runtime/ns_object.h"
 
 enum class UIImageOrientation {

@@ -31,7 +31,6 @@ class UIView : public UIResponder, public CALayerDelegate {
   ~UIView() override;
 
   CALayer& layer() const { return *layer_; }
-  const std::shared_ptr<CALayer>& layerReference() const { return layer_; }
 
   CGRect frame() const { return layer_->frame(); }
   void setFrame(CGRect frame);

@@ -2,16 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 
-#include "platform/coregraphics/cg_bitmap_context.h"
-#include "tests/coregraphics/pictures.h"
+#include "tests/support/pictures.h"
 
 namespace {
 
-constexpr CGColor kRed{1, 0, 0, 1};
-constexpr CGColor kBlue{0, 0, 1, 1};
+constexpr CGColor pureRed{1, 0, 0, 1};
+constexpr CGColor pureBlue{0, 0, 1, 1};
 
 /// The number of pixels in columns `left` to `right` - 1 that are not quite transparent.
 int inkBetween(const CGImageRef& image, int left, int right) {
@@ -20,13 +18,6 @@ int inkBetween(const CGImageRef& image, int left, int right) {
     for (int x = left; x < right; ++x) count += colorAt(image, x, y).alpha > 0;
   }
   return count;
-}
-
-TEST(CGContext, RoundsItsSizeUpToWholePixels) {
-  const CGImageRef image = CGContext({10.1f, 20}, 2).createImage();
-  EXPECT_EQ(std::pair(image->width(), image->height()), std::pair(21, 40));
-  EXPECT_EQ(CGContext({0, -5}, 2).createImage()->height(), 1);
-  EXPECT_EQ(CGContext({std::nanf(""), 3}, 1).createImage()->width(), 1);
 }
 
 TEST(CGContext, DrawsPixelForPixelWithoutTouchingAny) {
@@ -69,39 +60,27 @@ TEST(CGContext, AveragesWhereAPictureShrinks) {
   std::vector<std::uint8_t> lines(64 * 64);
   for (std::size_t i = 0; i < lines.size(); i += 8) lines[i] = 255;
   CGContext context({8, 8}, 1);
-  context.drawImage(pictureOf(64, 64, kGrayFormat, lines), CGRectMake(0, 0, 8, 8));
+  context.drawImage(pictureOf(64, 64, grayFormat, lines), CGRectMake(0, 0, 8, 8));
   const CGImageRef drawn = context.createImage();
   for (int i = 0; i < 8; ++i) EXPECT_NEAR(colorAt(drawn, i, 7 - i).green, 255 / 8, 4);
   EXPECT_EQ(colorAt(drawn, 0, 7).alpha, 255) << "edges do not fade";
-}
-
-TEST(CGContext, DrawsTranslucentlyAndNothingForNothing) {
-  CGContext context({4, 1}, 1);
-  const CGImageRef white = pictureOf(1, 1, kGrayFormat, {255});
-  context.drawImage(white, CGRectMake(1, 0, 2, 1), 0.5f);
-  context.drawImage(nullptr, CGRectMake(0, 0, 4, 1));
-  context.drawImage(white, CGRectMake(0, 0, std::numeric_limits<float>::infinity(), 1));
-  context.drawImage(white, CGRectMake(0, 0, 4, 1), 0);
-  const CGImageRef drawn = context.createImage();
-  EXPECT_EQ(inkBetween(drawn, 0, 4), 2);
-  EXPECT_EQ(colorAt(drawn, 2, 0), (Color{128, 128, 128, 128}));
 }
 
 TEST(CGContext, ATransformThatFlattensThePlaneDrawsNothingUntilRestored) {
   CGContext context({4, 4}, 1);
   context.save();
   context.concat(CGAffineTransformMakeScale(1, 0));
-  context.fill(CGRectMake(0, 0, 4, 4), kBlue);
+  context.fill(CGRectMake(0, 0, 4, 4), pureBlue);
   context.restore();
   EXPECT_EQ(inkBetween(context.createImage(), 0, 4), 0);
-  context.fill(CGRectMake(0, 0, 4, 4), kRed);
+  context.fill(CGRectMake(0, 0, 4, 4), pureRed);
   EXPECT_EQ(colorAt(context.createImage(), 3, 3), (Color{255, 0, 0}));
 }
 
 TEST(CGContext, RoundsCornersClipsAndShades) {
   CGContext context({20, 20}, 1);
   context.clipTo(CGRectMake(0, 0, 20, 10));
-  context.fillGradient(CGRectMake(0, 0, 20, 20), kRed, kBlue, 100);
+  context.fillGradient(CGRectMake(0, 0, 20, 20), pureRed, pureBlue, 100);
   const CGImageRef drawn = context.createImage();
   EXPECT_EQ(colorAt(drawn, 0, 0).alpha, 0) << "the corner is cut to a quarter of a circle";
   EXPECT_EQ(colorAt(drawn, 10, 10).alpha, 0) << "below the clip";
@@ -109,19 +88,10 @@ TEST(CGContext, RoundsCornersClipsAndShades) {
   EXPECT_NEAR(colorAt(drawn, 10, 9).blue, 255 * 9.5 / 20, 3);
 }
 
-TEST(CGContext, TilesFromItsOrigin) {
-  const CGImageRef tile = noise(6, 4);
-  CGContext context({20, 20}, 2);
-  context.drawTiled(tile, {3, 2}, CGRectMake(1, 1, 18, 18));
-  const CGImageRef drawn = context.createImage();
-  EXPECT_EQ(colorAt(drawn, 1, 2).alpha, 0);
-  for (int i = 2; i < 38; ++i) EXPECT_EQ(colorAt(drawn, i, i), colorAt(tile, i % 6, i % 4)) << i;
-}
-
 TEST(CGContext, SetsALineOfTextWithinItsRectangle) {
   const auto draw = [](std::string_view text, CGTextAlignment alignment, bool bold = false) {
     CGContext context({100, 40}, 1);
-    context.drawText(text, CGRectMake(10, 0, 80, 40), {17, bold, kRed, alignment});
+    context.drawText(text, CGRectMake(10, 0, 80, 40), {17, bold, pureRed, alignment});
     return context.createImage();
   };
   const CGImageRef left = draw("il", CGTextAlignment::Left);
@@ -134,37 +104,6 @@ TEST(CGContext, SetsALineOfTextWithinItsRectangle) {
   EXPECT_EQ(inkBetween(cut, 91, 100), 0);
   EXPECT_GT(inkBetween(draw("\xff\xfe", CGTextAlignment::Left), 0, 100), 0)
       << "broken UTF-8 shows replacements";
-}
-
-TEST(CGBitmapContext, DrawsIntoEveryLayout) {
-  const struct {
-    CGPixelFormat format;
-    std::vector<std::uint8_t> redAndHalfBlue;
-  } cases[] = {
-      {formatWith(kCGImageAlphaPremultipliedLast), {255, 0, 0, 255, 0, 0, 128, 128}},
-      {formatWith(kCGImageAlphaNoneSkipLast), {255, 0, 0, 255, 0, 0, 128, 255}},
-      {formatWith(kCGImageAlphaPremultipliedFirstLittle), {0, 0, 255, 255, 128, 0, 0, 128}},
-      {kGrayFormat, {77, 15}},
-  };
-  for (const auto& c : cases) {
-    const std::size_t rowBytes = 2 * c.format.bytesPerPixel();
-    // Rows are padded, and the last one ends with its pixels.
-    std::vector<std::uint8_t> memory(rowBytes + 4 + rowBytes, 0);
-    const auto context = CGBitmapContext::create(memory.data(), 2, 2, rowBytes + 4, c.format);
-    context->drawImage(pictureOf(2, 1, cases[0].format, cases[0].redAndHalfBlue), CGRectMake(0, 1, 2, 1));
-    const CGImageRef drawn = context->createImage();
-    EXPECT_EQ(drawn->format(), c.format);
-    EXPECT_EQ(std::vector(drawn->row(1), drawn->row(1) + rowBytes), c.redAndHalfBlue);
-    EXPECT_EQ(CGDataProviderCopyData(drawn), memory);
-  }
-}
-
-TEST(CGBitmapContext, IsNotMadeForSizesThatCannotBe) {
-  std::uint8_t memory[64] = {};
-  EXPECT_EQ(CGBitmapContext::create(memory, 0, 1, 4, {}), nullptr);
-  EXPECT_EQ(CGBitmapContext::create(memory, 2, 1, 7, {}), nullptr);
-  EXPECT_EQ(CGBitmapContext::create(nullptr, 30'000, 30'000, 120'000, {}), nullptr);
-  EXPECT_EQ(CGBitmapContext::create(nullptr, 2, 2, std::numeric_limits<std::size_t>::max(), {}), nullptr);
 }
 
 }  // namespace

@@ -7,13 +7,14 @@
 
 #include <cstdlib>
 
-#include "platform/foundation/property_list.h"
+#include "platform/foundation/ns_data.h"
 
 /// Picture files of kinds that others write and the frameworks only read.
 
-/// A 20 x 10 JPEG, every pixel of it `sample`: 1 byte grey, 3 colour, 4 inks. With Adobe's marker, inks are
-/// inverted.
-inline NSData jpegOf(std::vector<std::uint8_t> sample, bool progressive, bool adobeMarker = false) {
+/// A 20 x 10 JPEG, every pixel of it `sample`: 3 bytes of colour, progressively, or 4 of ink, inverted as
+/// photo editors store them.
+inline NSData jpegOf(const std::vector<std::uint8_t>& sample) {
+  const bool isInk = sample.size() == 4;
   jpeg_compress_struct codec;
   jpeg_error_mgr errors;
   codec.err = jpeg_std_error(&errors);
@@ -24,12 +25,11 @@ inline NSData jpegOf(std::vector<std::uint8_t> sample, bool progressive, bool ad
   codec.image_width = 20;
   codec.image_height = 10;
   codec.input_components = int(sample.size());
-  codec.in_color_space = sample.size() == 1 ? JCS_GRAYSCALE : sample.size() == 3 ? JCS_RGB : JCS_CMYK;
+  codec.in_color_space = isInk ? JCS_CMYK : JCS_RGB;
   jpeg_set_defaults(&codec);
-  if (adobeMarker) jpeg_set_colorspace(&codec, JCS_YCCK);
-  codec.write_Adobe_marker = adobeMarker;
+  if (isInk) jpeg_set_colorspace(&codec, JCS_YCCK);
   jpeg_set_quality(&codec, 100, TRUE);
-  if (progressive) jpeg_simple_progression(&codec);
+  if (!isInk) jpeg_simple_progression(&codec);
   jpeg_start_compress(&codec, TRUE);
   std::vector<std::uint8_t> row;
   for (int x = 0; x < 20; ++x) row.insert(row.end(), sample.begin(), sample.end());

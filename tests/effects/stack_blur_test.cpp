@@ -8,41 +8,31 @@
 #include <random>
 #include <vector>
 
+#include "tests/support/pictures.h"
+
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 __extension__ using Uint128 = unsigned __int128;
 
-constexpr std::uint32_t kMaxRadius = std::numeric_limits<std::uint32_t>::max();
-constexpr std::uint32_t kMaxLiteralRadius = 300;
+constexpr std::uint32_t maxRadius = std::numeric_limits<std::uint32_t>::max();
 
-/// The weighted mean around one pixel, place by place as it is defined.
-std::uint8_t literalMean(const Bytes& line, std::int64_t at, std::int64_t radius) {
-  std::int64_t sum = 0;
-  for (std::int64_t i = -radius; i <= radius; ++i) {
-    sum += (radius + 1 - std::abs(i)) *
-           line[std::size_t(std::clamp<std::int64_t>(at + i, 0, std::ssize(line) - 1))];
-  }
-  return std::uint8_t(sum / ((radius + 1) * (radius + 1)));
-}
-
-/// The same for a radius that reaches past both ends of the line: each edge pixel stands for all places from
-/// it on.
-std::uint8_t wideMean(const Bytes& line, std::int64_t at, std::int64_t radius) {
+/// The weighted mean around one pixel; each edge pixel stands for all places from it on.
+std::uint8_t mean(const Bytes& line, std::int64_t at, std::int64_t radius) {
   const auto weightFrom = [=](std::int64_t distance) {
-    const Uint128 places = Uint128(radius) + 1 - Uint128(distance);
+    const auto places = Uint128(std::max<std::int64_t>(radius + 1 - distance, 0));
     return places * (places + 1) / 2;
   };
   const std::int64_t last = std::ssize(line) - 1;
   if (last == 0) return line[0];
   Uint128 sum = weightFrom(at) * line.front() + weightFrom(last - at) * line.back();
-  for (std::int64_t i = 1; i < last; ++i)
-    sum += Uint128(radius + 1 - std::abs(at - i)) * line[std::size_t(i)];
+  for (std::int64_t i = 1; i < last; ++i) {
+    sum += Uint128(std::max<std::int64_t>(radius + 1 - std::abs(at - i), 0)) * line[std::size_t(i)];
+  }
   return std::uint8_t(sum / ((Uint128(radius) + 1) * (Uint128(radius) + 1)));
 }
 
 Bytes definedBlur(Bytes pixels, int width, int height, std::uint32_t radius) {
-  const auto mean = radius <= kMaxLiteralRadius ? literalMean : wideMean;
   const auto blurLine = [&](std::size_t first, std::size_t step, int count) {
     Bytes line;
     for (int i = 0; i < count; ++i) line.push_back(pixels[first + std::size_t(i) * step]);
@@ -56,16 +46,10 @@ Bytes definedBlur(Bytes pixels, int width, int height, std::uint32_t radius) {
   return pixels;
 }
 
-constexpr CGPixelFormat kGray{8, 8, CGColorSpace::DeviceGray, kCGImageAlphaNone};
-
-CGImageRef picture(int width, int height, CGPixelFormat format, std::size_t bytesPerRow, Bytes bytes) {
-  return CGImage::create(width, height, format, bytesPerRow, std::make_shared<Bytes>(std::move(bytes)));
-}
-
 TEST(StackBlur, IsItsDefinitionForAnySizeAndRadius) {
   std::mt19937 random(5);
   const std::uint32_t radii[] = {0,   1,   2,    3,    7,        10,       50,       181,
-                                 255, 256, 4095, 4200, 1u << 16, 1u << 28, 1u << 31, kMaxRadius};
+                                 255, 256, 4095, 4200, 1u << 16, 1u << 28, 1u << 31, maxRadius};
   for (const std::uint32_t radius : radii) {
     for (int round = 0; round < 8; ++round) {
       const int width = int(random() % 17) + 1, height = int(random() % 17) + 1;
@@ -88,8 +72,7 @@ TEST(StackBlur, WorkedExamples) {
       // Of 121 the left edge weighs 66 at pixel 0 and 55 at pixel 1.
       {10, {255, 0}, {255 * 66 / 121, 255 * 55 / 121}},
       // To a radius without end the edges are all there is, but for a touch of what lies between them.
-      {kMaxRadius, {255, 7, 7, 255}, {254, 254, 254, 254}},
-      {kMaxRadius, {200, 200, 200}, {200, 200, 200}},
+      {maxRadius, {255, 7, 7, 255}, {254, 254, 254, 254}},
   };
   for (const auto& c : cases) {
     Bytes pixels, expected;
@@ -101,7 +84,7 @@ TEST(StackBlur, WorkedExamples) {
 }
 
 TEST(StackBlur, ReturnsTheReceiverWhereThereIsNothingToBlur) {
-  const auto image = UIImage::imageWithCGImage(picture(1, 1, {}, 4, Bytes(4)));
+  const auto image = UIImage::imageWithCGImage(pictureOf(1, 1, {}, Bytes(4)));
   EXPECT_EQ(vistrel::stackBlur(image, 0), image);
   const auto empty = std::make_shared<UIImage>(nullptr, 1, UIImageOrientation::Up);
   EXPECT_EQ(vistrel::stackBlur(empty, 5), empty);
@@ -111,7 +94,7 @@ TEST(StackBlur, ReturnsTheReceiverWhereThereIsNothingToBlur) {
   vistrel::applyStackBlurToBuffer(pixels.data(), 1, -1, 3);
   EXPECT_EQ(pixels, (Bytes{1, 2, 3, 4}));
   // A grey picture of less than a point cannot be redrawn in colour.
-  const auto tiny = UIImage::imageWithCGImage(picture(1, 1, kGray, 1, {9}), 2, UIImageOrientation::Up);
+  const auto tiny = UIImage::imageWithCGImage(pictureOf(1, 1, grayFormat, {9}), 2, UIImageOrientation::Up);
   EXPECT_EQ(vistrel::stackBlur(tiny, 5), tiny);
 }
 
@@ -121,7 +104,7 @@ TEST(StackBlur, BlursPaddedRowsInTheirOwnLayoutAndLeavesTheSource) {
   const Bytes packed{0, 10, 20, 1, 30, 40, 50, 2, 60, 70, 80, 3, 90, 80, 70, 4, 60, 50, 40, 5, 30, 20, 10, 6};
   std::copy_n(packed.begin(), 12, bytes.begin() + 4);
   std::copy_n(packed.begin() + 12, 12, bytes.begin() + 24);
-  const CGImageRef whole = picture(5, 3, {}, 20, bytes);
+  const CGImageRef whole = pictureOf(5, 3, {}, bytes);
   const CGImageRef cut = CGImageCreateWithImageInRect(whole, CGRectMake(1, 0, 3, 2));
   const auto blurred = vistrel::stackBlur(UIImage::imageWithCGImage(cut, 2, UIImageOrientation::Left), 2);
   EXPECT_EQ(blurred->scale(), 1);
@@ -133,7 +116,7 @@ TEST(StackBlur, BlursPaddedRowsInTheirOwnLayoutAndLeavesTheSource) {
 }
 
 TEST(StackBlur, NormalizesGreyPicturesToColourAtTheirSizeInPoints) {
-  const auto image = UIImage::imageWithCGImage(picture(3, 1, kGray, 3, {0, 90, 180}));
+  const auto image = UIImage::imageWithCGImage(pictureOf(3, 1, grayFormat, {0, 90, 180}));
   const auto normalized = vistrel::normalize(*image);
   EXPECT_EQ(normalized->cgImage()->format().bitmapInfo, kCGImageAlphaPremultipliedLast);
   const Bytes colours{0, 0, 0, 255, 90, 90, 90, 255, 180, 180, 180, 255};
@@ -141,7 +124,7 @@ TEST(StackBlur, NormalizesGreyPicturesToColourAtTheirSizeInPoints) {
   EXPECT_EQ(CGDataProviderCopyData(vistrel::stackBlur(image, 1)->cgImage()), definedBlur(colours, 3, 1, 1));
 
   const auto large =
-      UIImage::imageWithCGImage(picture(7, 5, kGray, 7, Bytes(35, 8)), 2, UIImageOrientation::Up);
+      UIImage::imageWithCGImage(pictureOf(7, 5, grayFormat, Bytes(35, 8)), 2, UIImageOrientation::Up);
   EXPECT_EQ(vistrel::normalize(*large)->size(), CGSizeMake(3, 2)) << "3.5 x 2.5 points, truncated";
 }
 

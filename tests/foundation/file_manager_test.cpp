@@ -4,7 +4,7 @@
 
 #include <csignal>
 
-#include "tests/foundation/temporary_root.h"
+#include "tests/support/temporary_root.h"
 
 namespace fs = std::filesystem;
 

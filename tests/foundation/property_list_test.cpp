@@ -4,16 +4,16 @@
 #include <cmath>
 #include <limits>
 
-#include "tests/foundation/temporary_root.h"
+#include "tests/support/temporary_root.h"
 
 namespace {
 
 using Dictionary = PropertyListDictionary;
 using Array = PropertyListArray;
 
-constexpr int kArrayMarker = 0xA0;  // Plus the number of references.
-constexpr int kTrueMarker = 0x09;
-constexpr int kWidth = 4;  // Bytes of an offset or a reference.
+constexpr int arrayMarker = 0xA0;  // Plus the number of references.
+constexpr int trueMarker = 0x09;
+constexpr int referenceWidth = 4;  // Bytes of an offset or a reference.
 
 class PropertyLists : public TemporaryRoot {
  protected:
@@ -37,13 +37,13 @@ class PropertyLists : public TemporaryRoot {
     for (std::size_t next = 1; next <= length; ++next) {
       offsets.push_back(data.size());
       const bool isLeaf = next == length && end == End::Leaf;
-      put(isLeaf ? kTrueMarker : kArrayMarker + width, 1);
-      for (int i = 0; !isLeaf && i < width; ++i) put(next % length, kWidth);
+      put(isLeaf ? trueMarker : arrayMarker + width, 1);
+      for (int i = 0; !isLeaf && i < width; ++i) put(next % length, referenceWidth);
     }
     const std::size_t table = data.size();
-    for (std::size_t offset : offsets) put(offset, kWidth);
+    for (std::size_t offset : offsets) put(offset, referenceWidth);
     put(0, 6);
-    for (int i = 0; i < 2; ++i) put(kWidth, 1);
+    for (int i = 0; i < 2; ++i) put(referenceWidth, 1);
     for (std::size_t number : {length, std::size_t{0}, table}) put(number, 8);
     return data;
   }
@@ -90,7 +90,7 @@ TEST_F(PropertyLists, CyclesDepthAndSharedObjectsDoNotExhaustTheMachine) {
 }
 
 TEST_F(PropertyLists, NumbersAndBooleansConvertAndNothingElseDoes) {
-  constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  constexpr float endless = std::numeric_limits<float>::infinity();
   const struct {
     PropertyList value;
     std::optional<bool> asBool;
@@ -101,7 +101,7 @@ TEST_F(PropertyLists, NumbersAndBooleansConvertAndNothingElseDoes) {
       {true, true, 1, 1}, {false, false, 0, 0}, {15, true, 15, 15}, {0, false, 0, 0}, {0.7, true, 0.7f, 0},
       {-2.9, true, -2.9f, -2}, {2147483647.9, true, 2147483648.0f, 2147483647},
       {2147483648.0, true, 2147483648.0f, {}}, {std::int64_t{1} << 40, true, std::ldexp(1.0f, 40), {}},
-      {double{kInfinity}, true, kInfinity, {}}, {"1", {}, {}, {}}, {NSData{1}, {}, {}, {}}, {Array{1}, {}, {}, {}}};
+      {double{endless}, true, endless, {}}, {"1", {}, {}, {}}, {NSData{1}, {}, {}, {}}, {Array{1}, {}, {}, {}}};
   // clang-format on
   for (const auto& each : cases) {
     SCOPED_TRACE(&each - cases);

@@ -1,10 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-#include <stdlib.h>
-
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,57 +12,37 @@
 #include "platform/foundation/run_loop.h"
 #include "platform/uikit/touch_dispatcher.h"
 #include "platform/uikit/ui_window.h"
+#include "tests/support/temporary_root.h"
 
 namespace host::test {
 
-/// A device root in a private folder, and SpringBoard booted on it.
-class BootTest : public ::testing::Test {
+/// SpringBoard booted on a device root of the test's own.
+class BootTest : public TemporaryRoot {
  protected:
-  BootTest() {
-    std::string pattern = std::filesystem::temp_directory_path() / "springboard-test-XXXXXX";
-    root = mkdtemp(pattern.data());
-    std::filesystem::create_directories(root / "Applications");
-  }
-  ~BootTest() override {
-    springBoard.reset();
-    std::filesystem::remove_all(root);
-  }
+  BootTest() { std::filesystem::create_directory(root() / "Applications"); }
 
-  void write(const std::string& path, const NSData& data) const {
-    std::filesystem::create_directories((root / path).parent_path());
-    std::ofstream(root / path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(data.data()), std::ssize(data));
-  }
-  void writeList(const std::string& path, const PropertyListDictionary& list) const {
-    write(path, dataWithPropertyList(list, PropertyListFormat::Xml));
-  }
-  PropertyListDictionary readList(const std::string& path) const {
-    std::ifstream stream(root / path, std::ios::binary);
-    const auto list = propertyListWithData(NSData(std::istreambuf_iterator<char>(stream), {}));
-    return list && list->as<PropertyListDictionary>() ? *list->as<PropertyListDictionary>()
-                                                      : PropertyListDictionary();
+  static void write(const std::string& path, const NSData& data) {
+    files().write(path, data, NSFileManager::Writing::Plain);
   }
   /// Bundles com.example.NAME, each called NAME.
-  void install(const std::vector<std::string>& names, const PropertyListDictionary& more = {}) const {
+  static void install(const std::vector<std::string>& names, const PropertyListDictionary& more = {}) {
     for (const std::string& name : names) {
       PropertyListDictionary info = more;
       info.emplace("CFBundleIdentifier", "com.example." + name);
       info.emplace("CFBundleDisplayName", name);
-      writeList("Applications/" + name + ".app/Info.plist", info);
+      writeDictionaryToFile(info, "/Applications/" + name + ".app/Info.plist");
     }
   }
   /// A PNG of one colour.
-  void paint(const std::string& path, CGSize pixels, CGColor color = {1, 0, 0, 1}) const {
-    CGContext context(pixels, 1);
-    context.fill({{0, 0}, pixels}, color);
-    write(path, encodePng(context.createImage()));
+  static void paint(const std::string& path, CGSize pixels) {
+    write(path, encodePng(CGContext(pixels, 1).createImage()));
   }
 
   SpringBoard& boot(const std::string& model = "iphone-4", bool locked = false,
                     std::function<void()> alsoLoad = {}) {
     springBoard.reset();
     springBoard = std::make_unique<SpringBoard>(
-        BootOptions{root, *findDeviceModel(model), false, locked, std::move(alsoLoad)});
+        BootOptions{root(), *findDeviceModel(model), false, locked, std::move(alsoLoad)});
     return *springBoard;
   }
   static void pump(double seconds) { RunLoop::main().advanceBy(seconds); }
@@ -84,11 +59,11 @@ class BootTest : public ::testing::Test {
     TouchDispatcher::shared().up(0, at, RunLoop::main().now());
   }
   static void drag(CGPoint from, CGPoint to) {
-    constexpr int kMoves = 10;
+    constexpr int moves = 10;
     auto& touches = TouchDispatcher::shared();
     touches.down(0, from, RunLoop::main().now());
-    for (int i = 1; i <= kMoves; ++i) {
-      const CGFloat part = CGFloat(i) / kMoves;
+    for (int i = 1; i <= moves; ++i) {
+      const CGFloat part = CGFloat(i) / moves;
       pump(0.1);  // Slow enough to be no flick.
       touches.move(0, {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part},
                    RunLoop::main().now());
@@ -111,7 +86,6 @@ class BootTest : public ::testing::Test {
     return result;
   }
 
-  std::filesystem::path root;
   std::unique_ptr<SpringBoard> springBoard;
 };
 

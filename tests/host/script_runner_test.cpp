@@ -126,14 +126,16 @@ TEST_F(ScriptRunnerTest, TimePassesOnlyAsAsked) {
   EXPECT_NEAR(elapsed(), 0.5, 1e-9) << "Draining ends with the last piece of work";
 
   int ticks = 0;
-  std::function<void()> tick = [&] { ++ticks, loop.scheduleAfter(0.75, tick); };
+  RunLoop::Token next{};
+  std::function<void()> tick = [&] { ++ticks, next = loop.scheduleAfter(0.75, tick); };
   tick();
   play("");
   EXPECT_NEAR(elapsed(), 2, 1e-9) << "Draining ends after two seconds";
   EXPECT_EQ(ticks, 3);
+  loop.cancel(next);
 
   // A notification reaches its observers within the line that posts it.
-  CFTimeInterval deliveredAt = -1;
+  static CFTimeInterval deliveredAt = -1;  // The registration outlives the test.
   CFNotificationCenterAddObserver(
       CFNotificationCenterGetDarwinNotifyCenter(), &deliveredAt,
       [](void* at, const std::string&) { *static_cast<CFTimeInterval*>(at) = RunLoop::main().now(); },
@@ -157,8 +159,6 @@ TEST_F(ScriptRunnerTest, RequestsAreMetBeforeTheNextLine) {
   EXPECT_EQ(device["screen"], Json::parse("[0,0,320,480]"));
   EXPECT_EQ(device["orientation"], "PORTRAIT");
   EXPECT_EQ(device["statusBarOrientation"], 1);
-  EXPECT_EQ(device["frontmost"], "com.example.two");
-  EXPECT_EQ(device["recents"], Json::parse("[\"com.example.two\"]"));
   EXPECT_TRUE(Json::parse(std::ifstream(file_))["device"]["frontmost"].is_null());
 }
 

@@ -13,7 +13,7 @@
 namespace host::test {
 namespace {
 
-constexpr const char* kSettingsFile = "var/mobile/Library/Preferences/com.apple.springboard.plist";
+constexpr const char* settingsFile = "/var/mobile/Library/Preferences/com.apple.springboard.plist";
 
 using SpringBoardTest = BootTest;
 
@@ -26,21 +26,21 @@ std::string causeOf(const std::function<void()>& request) {
   return "";
 }
 
-TEST_F(SpringBoardTest, refusesAFolderThatIsNoDeviceRoot) {
-  std::filesystem::remove(root / "Applications");
+TEST_F(SpringBoardTest, RefusesAFolderThatIsNoDeviceRoot) {
+  std::filesystem::remove(root() / "Applications");
   EXPECT_THROW(boot(), Failure);
-  root /= "missing";
+  std::filesystem::remove(root());
   EXPECT_THROW(boot(), Failure);
 }
 
-TEST_F(SpringBoardTest, leavesOutBundlesThatAreNotUsableAndSaysWhy) {
+TEST_F(SpringBoardTest, LeavesOutBundlesThatAreNotUsableAndSaysWhy) {
   install({"one"});
   install({"sub/two"});  // Not directly in the folder: no bundle of its own.
-  write("Applications/broken.app/Info.plist", {'n', 'o'});
-  std::filesystem::create_directories(root / "Applications/empty.app");
-  writeList("Applications/nameless.app/Info.plist", {{"CFBundleIdentifier", 7}});
-  writeList("Applications/two.app/Info.plist", {{"CFBundleIdentifier", "com.example.one"}});
-  writeList("Applications/plain.app/Info.plist", {{"CFBundleIdentifier", "com.example.plain"}});
+  write("/Applications/broken.app/Info.plist", bytes("no"));
+  std::filesystem::create_directory(root() / "Applications/empty.app");
+  writeDictionaryToFile({{"CFBundleIdentifier", 7}}, "/Applications/nameless.app/Info.plist");
+  writeDictionaryToFile({{"CFBundleIdentifier", "com.example.one"}}, "/Applications/two.app/Info.plist");
+  writeDictionaryToFile({{"CFBundleIdentifier", "com.example.plain"}}, "/Applications/plain.app/Info.plist");
   const SpringBoard& board = boot();
   EXPECT_EQ(board.warnings(),
             (std::vector<std::string>{
@@ -53,7 +53,7 @@ TEST_F(SpringBoardTest, leavesOutBundlesThatAreNotUsableAndSaysWhy) {
   EXPECT_EQ(board.applications()[1].name, "plain");
 }
 
-TEST_F(SpringBoardTest, refusesWhatCannotBeDone) {
+TEST_F(SpringBoardTest, RefusesWhatCannotBeDone) {
   install({"one", "two"});
   SpringBoard& board = boot();
   EXPECT_NE(causeOf([&] { board.launch("com.example.none"); }), "");
@@ -80,39 +80,40 @@ TEST_F(SpringBoardTest, refusesWhatCannotBeDone) {
   EXPECT_NE(causeOf([&] { board.terminate("com.example.two"); }), "");
 }
 
-TEST_F(SpringBoardTest, keepsRecentsAcrossRunsBesideOtherSettings) {
+TEST_F(SpringBoardTest, KeepsRecentsAcrossRunsBesideOtherSettings) {
   install({"one", "two", "three"});
-  writeList(kSettingsFile, {{"SBRecentDisplays", PropertyListArray{"com.example.two", 5, "com.example.gone",
-                                                                   "com.example.two", "com.example.three"}},
-                            {"SBOther", "stays"}});
+  writeDictionaryToFile({{"SBRecentDisplays", PropertyListArray{"com.example.two", 5, "com.example.gone",
+                                                                "com.example.two", "com.example.three"}},
+                         {"SBOther", "stays"}},
+                        settingsFile);
   EXPECT_EQ(boot().recents(), (NSStringArray{"com.example.two", "com.example.three"}));
   launch("three");
   launch("one");
   springBoard->terminate("com.example.three");
   const NSStringArray left{"com.example.one", "com.example.two"};
   EXPECT_EQ(boot().recents(), left);
-  const auto file = readList(kSettingsFile);
-  EXPECT_EQ(file, (PropertyListDictionary{{"SBRecentDisplays", PropertyListArray(left.begin(), left.end())},
-                                          {"SBOther", "stays"}}));
+  EXPECT_EQ(dictionaryWithContentsOfFile(settingsFile),
+            (PropertyListDictionary{{"SBRecentDisplays", PropertyListArray(left.begin(), left.end())},
+                                    {"SBOther", "stays"}}));
 
   for (const PropertyListDictionary& odd : {PropertyListDictionary{{"SBRecentDisplays", "text"}}, {}}) {
-    writeList(kSettingsFile, odd);
+    writeDictionaryToFile(odd, settingsFile);
     EXPECT_TRUE(boot().recents().empty());
   }
-  write(kSettingsFile, {'x'});
+  write(settingsFile, bytes("x"));
   boot();
   launch("one");
   EXPECT_EQ(boot().recents(), NSStringArray{"com.example.one"});
 }
 
-TEST_F(SpringBoardTest, turnsTheFrontApplicationWhereItsBundleAllows) {
+TEST_F(SpringBoardTest, TurnsTheFrontApplicationWhereItsBundleAllows) {
   install({"fixed"});
   install({"free"},
           {{"UISupportedInterfaceOrientations",
             PropertyListArray{"UIInterfaceOrientationPortrait", "UIInterfaceOrientationLandscapeLeft",
                               "UIInterfaceOrientationLandscapeRight"}}});
-  paint("Applications/free.app/Default@2x.png", {640, 960});
-  paint("Applications/free.app/Default-Landscape@2x.png", {960, 640});
+  paint("/Applications/free.app/Default@2x.png", {640, 960});
+  paint("/Applications/free.app/Default-Landscape@2x.png", {960, 640});
   SpringBoard& board = boot();
   const auto shown = [] { return UIApplication::sharedApplication().statusBarOrientation(); };
   const auto barFrame = [] {
@@ -163,7 +164,7 @@ TEST_F(SpringBoardTest, turnsTheFrontApplicationWhereItsBundleAllows) {
   EXPECT_EQ(shown(), Interface::Portrait) << "home again";
 }
 
-TEST_F(SpringBoardTest, animatesAndIsBusyMeanwhile) {
+TEST_F(SpringBoardTest, AnimatesAndIsBusyMeanwhile) {
   install({"one"});
   SpringBoard& board = boot();
   board.launch("com.example.one");
@@ -187,16 +188,16 @@ TEST_F(SpringBoardTest, animatesAndIsBusyMeanwhile) {
   EXPECT_TRUE(window("SBAppWindow")->subviews().empty());
 }
 
-TEST_F(SpringBoardTest, laysOutTheHomeScreenOfEachDevice) {
+TEST_F(SpringBoardTest, LaysOutTheHomeScreenOfEachDevice) {
   NSStringArray names{"phone", "mail", "music"};  // No messages: the dock closes up.
   for (int i = 0; i < 21; ++i) names.push_back("app" + std::to_string(10 + i));
   install(names);
-  paint("Applications/app10.app/Icon.png", {57, 57});
-  paint("Applications/app10.app/Icon@2x.png", {114, 114});
-  paint("Applications/app10.app/Other-72.png", {72, 72});
-  writeList("Applications/app10.app/Info.plist",
-            {{"CFBundleIdentifier", "com.example.app10"},
-             {"CFBundleIconFiles", PropertyListArray{"Icon", "Other-72.png"}}});
+  paint("/Applications/app10.app/Icon.png", {57, 57});
+  paint("/Applications/app10.app/Icon@2x.png", {114, 114});
+  paint("/Applications/app10.app/Other-72.png", {72, 72});
+  writeDictionaryToFile({{"CFBundleIdentifier", "com.example.app10"},
+                         {"CFBundleIconFiles", PropertyListArray{"Icon", "Other-72.png"}}},
+                        "/Applications/app10.app/Info.plist");
   struct Case {
     const char* model;
     std::size_t onFirstPage;
@@ -225,7 +226,7 @@ TEST_F(SpringBoardTest, laysOutTheHomeScreenOfEachDevice) {
   }
 }
 
-TEST_F(SpringBoardTest, turnsPagesByFingerAndForALaunch) {
+TEST_F(SpringBoardTest, TurnsPagesByFingerAndForALaunch) {
   NSStringArray names;
   for (int i = 0; i < 20; ++i) names.push_back("app" + std::to_string(10 + i));
   install(names);
@@ -265,7 +266,7 @@ TEST_F(SpringBoardTest, turnsPagesByFingerAndForALaunch) {
   EXPECT_EQ(board.frontmost(), std::nullopt) << "lifted off the icon";
 }
 
-TEST_F(SpringBoardTest, unlocksAtTheEndOfTheSlider) {
+TEST_F(SpringBoardTest, UnlocksAtTheEndOfTheSlider) {
   SpringBoard& board = boot("iphone-4", true);
   EXPECT_TRUE(board.locked());
   EXPECT_FALSE(window("SBAwayWindow")->hidden());
@@ -289,7 +290,7 @@ TEST_F(SpringBoardTest, unlocksAtTheEndOfTheSlider) {
   EXPECT_EQ(window("SBAwayWindow")->subviews().at(0)->frame(), CGRectMake(0, 0, 320, 480));
 }
 
-TEST_F(SpringBoardTest, tellsTheTimeOfTheRunLoop) {
+TEST_F(SpringBoardTest, TellsTheTimeOfTheRunLoop) {
   EXPECT_EQ(clockText(0) + ", " + dateText(0), "9:41, Tuesday, January 9");
   EXPECT_EQ(clockText(59.9), "9:41");
   EXPECT_EQ(clockText(24 * 60), "10:05");

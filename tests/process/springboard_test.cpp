@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
-#include <stdlib.h>
 #include <sys/wait.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
+#include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <sstream>
+
+#include "tests/support/temporary_root.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ std::string contents(const fs::path& path) {
 }
 
 /// The real host with the real library, on a copy of the staged root.
-class Process : public testing::Test {
+class Process : public TemporaryRoot {
  protected:
   struct Result {
     int exit;
@@ -27,32 +27,28 @@ class Process : public testing::Test {
     std::vector<json> log;
 
     int count(const std::string& event) const {
-      return static_cast<int>(std::count_if(log.begin(), log.end(), [&](const json& line) { return line["event"] == event; }));
+      return static_cast<int>(
+          std::count_if(log.begin(), log.end(), [&](const json& line) { return line["event"] == event; }));
     }
   };
 
-  void SetUp() override {
-    std::string pattern = fs::temp_directory_path() / "vistrel-process-XXXXXX";
-    folder_ = mkdtemp(pattern.data());
-    fs::copy(STAGED_ROOT, folder_ / "root", fs::copy_options::recursive);
-    fs::remove_all(folder_ / "root/var/mobile");
+  Process() {
+    fs::copy(STAGED_ROOT, root(), fs::copy_options::recursive);
+    fs::remove_all(root() / "var/mobile");
   }
-  void TearDown() override { fs::remove_all(folder_); }
 
   Result run(const std::string& options, const std::string& script,
-             const std::string& usual = "--root root --script in.script") {
-    std::ofstream(folder_ / "in.script") << script;
-    fs::remove(folder_ / "log");
-    const std::string command = "cd '" + folder_.string() + "' && " + SPRINGBOARD +
-                                " --log log " + usual + ' ' + options + " >out 2>err";
+             const std::string& usual = "--root . --script in.script") {
+    std::ofstream(root() / "in.script") << script;
+    fs::remove(root() / "log");
+    const std::string command = "cd '" + root().string() + "' && " + SPRINGBOARD + " --log log " + usual +
+                                ' ' + options + " >out 2>err";
     const int status = std::system(command.c_str());
-    Result result{WEXITSTATUS(status), contents(folder_ / "out"), contents(folder_ / "err"), {}};
-    std::istringstream lines(contents(folder_ / "log"));
+    Result result{WEXITSTATUS(status), contents(root() / "out"), contents(root() / "err"), {}};
+    std::istringstream lines(contents(root() / "log"));
     for (std::string line; std::getline(lines, line);) result.log.push_back(json::parse(line));
     return result;
   }
-
-  fs::path folder_;
 };
 
 constexpr const char* pickSecondIcon = R"(
@@ -79,10 +75,12 @@ TEST_F(Process, ASwipeOpensTheAppUnderTheFinger) {
   EXPECT_EQ(result.count("hook"), 19);
   std::vector<std::string> activated;
   for (const json& line : result.log) {
-    if (line["event"] == "app-activated") activated.push_back(line["by"].get<std::string>() + ' ' + line["bundle"].get<std::string>());
+    if (line["event"] == "app-activated")
+      activated.push_back(line["by"].get<std::string>() + ' ' + line["bundle"].get<std::string>());
   }
-  EXPECT_EQ(activated, (std::vector<std::string>{"icon com.example.maps", "icon com.example.music", "icon com.example.weather",
-                                                 "icon com.example.mail", "switcher com.example.music"}));
+  EXPECT_EQ(activated, (std::vector<std::string>{"icon com.example.maps", "icon com.example.music",
+                                                 "icon com.example.weather", "icon com.example.mail",
+                                                 "switcher com.example.music"}));
   const json after = json::parse(result.output);
   EXPECT_EQ(after["device"]["frontmost"], "com.example.music");
   EXPECT_EQ(after["device"]["recents"][0], "com.example.music");
@@ -90,45 +88,40 @@ TEST_F(Process, ASwipeOpensTheAppUnderTheFinger) {
   EXPECT_EQ(window["class"], "CardScroller");
   EXPECT_EQ(window["frame"], json::parse("[305,0,320,480]"));
   EXPECT_EQ(window["background"], "pattern");
-  const json open = json::parse(contents(folder_ / "open.json"))["windows"].back();
+  const json open = json::parse(contents(root() / "open.json"))["windows"].back();
   EXPECT_EQ(open["frame"], json::parse("[0,0,320,480]"));
   EXPECT_EQ(open["subviews"][0]["class"], "SBLinenView");
   EXPECT_EQ(open["subviews"][1]["class"], "CardDragger");
-  EXPECT_TRUE(fs::exists(folder_ / "root/var/mobile/Library/Caches/VitsrelSB.png"));
-  EXPECT_TRUE(fs::exists(folder_ / "root/var/mobile/Library/Preferences/com.zantric.vistrel.plist"));
+  EXPECT_TRUE(fs::exists(root() / "var/mobile/Library/Caches/VitsrelSB.png"));
+  EXPECT_TRUE(fs::exists(root() / "var/mobile/Library/Preferences/com.zantric.vistrel.plist"));
 }
 
 TEST_F(Process, WithoutTheLibraryNothingOfTheSwitcherIsThere) {
-  const Result result = run("--no-tweaks", pickSecondIcon + std::string("activator receive\nnotify-post com.zantric.vistrel.prefsChanged"));
+  const Result result =
+      run("--no-tweaks",
+          pickSecondIcon + std::string("activator receive\nnotify-post com.zantric.vistrel.prefsChanged"));
   EXPECT_EQ(result.exit, 0) << result.errors;
   EXPECT_EQ(result.count("library-loaded") + result.count("hook"), 0);
   EXPECT_EQ(result.output.find("CardScroller"), std::string::npos);
   EXPECT_EQ(json::parse(result.output)["device"]["frontmost"], "com.example.mail");
   EXPECT_EQ(result.log.back()["delivered"], 0);
   EXPECT_FALSE(result.log.end()[-2]["handled"]);
-  EXPECT_FALSE(fs::exists(folder_ / "root/var/mobile/Library/Caches/VitsrelSB.png"));
-  EXPECT_FALSE(fs::exists(folder_ / "root/var/mobile/Library/Preferences/com.zantric.vistrel.plist"));
-}
-
-TEST_F(Process, RecentsOutliveTheProcess) {
-  run("", "launch com.example.clock\nlaunch com.example.notes");
-  const json after = json::parse(run("", "describe-all").output);
-  EXPECT_EQ(after["device"]["recents"], json::parse(R"(["com.example.notes","com.example.clock"])"));
-  EXPECT_EQ(after["device"]["frontmost"], nullptr);
+  EXPECT_FALSE(fs::exists(root() / "var/mobile/Library/Caches/VitsrelSB.png"));
+  EXPECT_FALSE(fs::exists(root() / "var/mobile/Library/Preferences/com.zantric.vistrel.plist"));
 }
 
 TEST_F(Process, SaysWhatIsWrongInOneLine) {
   struct Case {
     const char *options, *script, *message;
     int exit;
-    const char* usual = "--root root --script in.script";
+    const char* usual = "--root . --script in.script";
   };
   const Case cases[] = {
       {"", "wait 1\nfly 3", "in.script:2: ", 2},
       {"", "launch com.example.nowhere", "in.script:1: ", 1},
       {"", "touch move 1 1", "in.script:1: ", 1},
       {"--device tablet", "", "tablet", 2},
-      {"--script missing.script", "", "missing.script", 1, "--root root"},
+      {"--script missing.script", "", "missing.script", 1, "--root ."},
       {"--root /nowhere/at/all", "", "/nowhere/at/all", 1, ""},
   };
   for (const Case& c : cases) {

@@ -115,9 +115,9 @@ TEST(MediaTimingFunction, FollowsItsCurve) {
       {CAMediaTimingFunction::easeOut(), {0, 0.160572154f, 0.378138131f, 0.684643187f, 0.98297339f, 1}},
       {{1, 0, 0, 1}, {0, 0.00376167496f, 0.0297246045f, 0.5f, 0.996238325f, 1}},  // Upright in the middle.
   };
-  constexpr std::array kTimes{-1.0f, 0.1f, 0.25f, 0.5f, 0.9f, 1.5f};
+  constexpr std::array times{-1.0f, 0.1f, 0.25f, 0.5f, 0.9f, 1.5f};
   for (const auto& [timing, wanted] : cases)
-    for (std::size_t i = 0; i < wanted.size(); ++i) EXPECT_FLOAT_EQ(timing.progressAt(kTimes[i]), wanted[i]);
+    for (std::size_t i = 0; i < wanted.size(); ++i) EXPECT_FLOAT_EQ(timing.progressAt(times[i]), wanted[i]);
 }
 
 }  // namespace

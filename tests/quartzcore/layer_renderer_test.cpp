@@ -9,11 +9,12 @@
 #include <numbers>
 
 #include "platform/quartzcore/ca_gradient_layer.h"
+#include "tests/support/pictures.h"
 
 namespace {
 
-constexpr CGColor kWhite{1, 1, 1, 1}, kRed{1, 0, 0, 1}, kBlue{0, 0, 1, 1};
-constexpr std::uint32_t kRedPixel = 0xFF0000, kBluePixel = 0x0000FF;
+constexpr CGColor white{1, 1, 1, 1}, red{1, 0, 0, 1}, blue{0, 0, 1, 1};
+constexpr std::uint32_t redPixel = 0xFF0000, bluePixel = 0x0000FF;
 
 std::uint32_t pixelAt(const CGImageRef& image, int x, int y) {
   const std::uint8_t* p = image->row(y) + x * 4;
@@ -23,11 +24,9 @@ int redAt(const CGImageRef& image, int x, int y) { return static_cast<int>(pixel
 
 /// An opaque picture of these pixels, 0xRRGGBB.
 CGImageRef picture(int width, const std::vector<std::uint32_t>& rgb) {
-  auto bytes = std::make_shared<std::vector<std::uint8_t>>(rgb.size() * 4);
-  std::memcpy(bytes->data(), rgb.data(), bytes->size());
-  CGPixelFormat format;
-  format.bitmapInfo = kCGImageAlphaNoneSkipFirstLittle;
-  return CGImage::create(width, int(rgb.size()) / width, format, std::size_t(width) * 4, bytes);
+  std::vector<std::uint8_t> bytes(rgb.size() * 4);
+  std::memcpy(bytes.data(), rgb.data(), bytes.size());
+  return pictureOf(width, int(rgb.size()) / width, formatWith(kCGImageAlphaNoneSkipFirstLittle), bytes);
 }
 
 template <class Layer = CALayer>
@@ -49,16 +48,16 @@ std::shared_ptr<CAFilter> blurFilter(float radius) {
 struct Drawing : CALayerDelegate {
   bool drawsContent() const override { return true; }
   void drawLayer(CGContext& context) const override {
-    context.fill({{0, 0}, {100, 100}}, kBlue);
-    context.fill({{5, 5}, {1, 1}}, kRed);
+    context.fill({{0, 0}, {100, 100}}, blue);
+    context.fill({{5, 5}, {1, 1}}, red);
   }
 };
 
 /// Compares what `build` put into a layer with a drawing of it, a letter a pixel.
 void expectPixels(CGFloat scale, const std::vector<std::string>& wanted,
                   const std::function<void(CALayer&)>& build) {
-  const std::map<std::uint32_t, char> letters = {{0, '.'},        {kRedPixel, 'r'}, {kBluePixel, 'b'},
-                                                 {0xFFFFFF, 'w'}, {0x800000, 'h'},  {0x990000, '1'},
+  const std::map<std::uint32_t, char> letters = {{0, '.'},        {redPixel, 'r'}, {bluePixel, 'b'},
+                                                 {0xFFFFFF, 'w'}, {0x800000, 'h'}, {0x990000, '1'},
                                                  {0x74003D, '2'}, {0x00003D, '3'}};
   CALayer root;
   build(root);
@@ -73,37 +72,35 @@ void expectPixels(CGFloat scale, const std::vector<std::string>& wanted,
 }
 
 TEST(LayerRenderer, PutsLayersWhereTheyBelong) {
-  expectPixels(1, {"....", "rr..", "hh.."}, [](CALayer& root) {
-    addLayer(root, {{-2, 1}, {4, 1.5f}}, kRed);
-  });
+  expectPixels(1, {"....", "rr..", "hh.."}, [](CALayer& root) { addLayer(root, {{-2, 1}, {4, 1.5f}}, red); });
   expectPixels(2, {"......", ".rrr..", "......"}, [](CALayer& root) {
-    addLayer(root, {{0.5f, 0.5f}, {1.5f, 0.5f}}, kRed);
+    addLayer(root, {{0.5f, 0.5f}, {1.5f, 0.5f}}, red);
   });
   expectPixels(1, {"....", ".b..", "...."}, [](CALayer& root) {  // Without area, but not without sublayers.
-    auto outer = addLayer(root, {{1, 1}, {0, 0}}, kRed);
+    auto outer = addLayer(root, {{1, 1}, {0, 0}}, red);
     outer->setBounds({{5, 5}, {0, 0}});
-    addLayer(*outer, {{5, 5}, {1, 1}}, kBlue);
+    addLayer(*outer, {{5, 5}, {1, 1}}, blue);
   });
   expectPixels(1, {"...."}, [](CALayer& root) {
-    addLayer(*addLayer(root, {{0, 0}, {4, 1}}), {{0, 0}, {4, 1}}, kRed)->superlayer()->setHidden(true);
-    addLayer(*addLayer(root, {{0, 0}, {4, 1}}), {{0, 0}, {4, 1}}, kRed)->superlayer()->setOpacity(0);
+    addLayer(*addLayer(root, {{0, 0}, {4, 1}}), {{0, 0}, {4, 1}}, red)->superlayer()->setHidden(true);
+    addLayer(*addLayer(root, {{0, 0}, {4, 1}}), {{0, 0}, {4, 1}}, red)->superlayer()->setOpacity(0);
   });
   expectPixels(1, {"1122233."}, [](CALayer& root) {  // Opacity, without groups.
-    auto outer = addLayer(root, {{0, 0}, {5, 1}}, kRed);
+    auto outer = addLayer(root, {{0, 0}, {5, 1}}, red);
     outer->setOpacity(0.6f);
-    addLayer(*outer, {{2, 0}, {5, 1}}, kBlue)->setOpacity(0.4f);
+    addLayer(*outer, {{2, 0}, {5, 1}}, blue)->setOpacity(0.4f);
   });
 }
 
 TEST(LayerRenderer, DrawsContentInOrderAndInsideItsMask) {
-  const auto redBlue = picture(2, {kRedPixel, kBluePixel});
+  const auto redBlue = picture(2, {redPixel, bluePixel});
   Drawing drawing;
   expectPixels(1, {"brrwww"}, [&](CALayer& root) {
-    auto layer = addLayer(root, {{0, 0}, {6, 1}}, kWhite);
+    auto layer = addLayer(root, {{0, 0}, {6, 1}}, white);
     layer->setFilters({CAFilter::filterWithType("colorInvert"), nullptr});  // Unknown.
-    layer->setContents(picture(1, {kRedPixel}));
+    layer->setContents(picture(1, {redPixel}));
     addLayer(*layer, {{0, 0}, {1, 1}})->setDelegate(&drawing);
-    addLayer(*layer, {{3, 0}, {3, 1}}, kWhite);
+    addLayer(*layer, {{3, 0}, {3, 1}}, white);
   });
   expectPixels(1, {".br."}, [&](CALayer& root) {
     auto mirrored = addLayer(root, {{1, 0}, {2, 1}});
@@ -117,50 +114,51 @@ TEST(LayerRenderer, DrawsContentInOrderAndInsideItsMask) {
     tiled->setBackgroundPattern(CAPattern{redBlue, 2});
   });
   expectPixels(1, {"........", "..bbrr..", "..bbrr..", "........"}, [](CALayer& root) {
-    auto mask = addLayer(root, {{2, 1}, {4, 2}}, kBlue);
+    auto mask = addLayer(root, {{2, 1}, {4, 2}}, blue);
     mask->setMasksToBounds(true);
-    mask->setShadowOpacity(1), mask->setShadowColor(kWhite);
-    addLayer(*mask, {{2, -5}, {9, 9}}, kRed);
+    mask->setShadowOpacity(1), mask->setShadowColor(white);
+    addLayer(*mask, {{2, -5}, {9, 9}}, red);
   });
   expectPixels(1, {"?rr??bb?", "rrrrbbbb", "?rr??bb?"}, [](CALayer& root) {
-    auto mask = addLayer(root, {{0, 0}, {4, 3}}), filled = addLayer(root, {{4, 0}, {4, 3}}, kBlue);
+    auto mask = addLayer(root, {{0, 0}, {4, 3}}), filled = addLayer(root, {{4, 0}, {4, 3}}, blue);
     mask->setCornerRadius(1), mask->setMasksToBounds(true), filled->setCornerRadius(1);
-    addLayer(*mask, {{0, 0}, {4, 3}}, kRed);
+    addLayer(*mask, {{0, 0}, {4, 3}}, red);
   });
 }
 
 TEST(LayerRenderer, LeavesOutWhatIsFlatEndlessOrNoNumber) {
   expectPixels(1, {"....", "..r."}, [](CALayer& root) {
-    constexpr CGFloat kHuge = 1e30f, kNaN = std::numeric_limits<CGFloat>::quiet_NaN();
-    for (CGFloat bad : {0.0f, 1e-30f, 1e-5f, kHuge, -kHuge, kNaN}) {
-      auto layer = addLayer(root, {{0, 0}, {4, 2}}, kBlue);
-      layer->setContents(picture(1, {kBluePixel}));
+    constexpr CGFloat huge = 1e30f, noNumber = std::numeric_limits<CGFloat>::quiet_NaN();
+    for (CGFloat bad : {0.0f, 1e-30f, 1e-5f, huge, -huge, noNumber}) {
+      auto layer = addLayer(root, {{0, 0}, {4, 2}}, blue);
+      layer->setContents(picture(1, {bluePixel}));
       layer->setMasksToBounds(bad > 0), layer->setShadowOpacity(1);
       layer->setTransform(CATransform3DMakeScale(bad, 1, 1));
     }
-    for (CGFloat bad : {kHuge, kNaN}) addLayer(root, {{bad, 0}, {bad, 2}}, kBlue);
-    addLayer(root, {{0, 0}, {1, 1}}, kBlue)->setFilters({blurFilter(kHuge)});  // Too thin to be seen.
-    addLayer(root, {{2, 1}, {1, 1}}, kRed);
+    for (CGFloat bad : {huge, noNumber}) addLayer(root, {{bad, 0}, {bad, 2}}, blue);
+    addLayer(root, {{0, 0}, {1, 1}}, blue)->setFilters({blurFilter(huge)});  // Too thin to be seen.
+    addLayer(root, {{2, 1}, {1, 1}}, red);
   });
   EXPECT_EQ(renderLayers({}, {0, 10}, 1, 0), nullptr);
 }
 
-TEST(LayerRenderer, CopiesPicturesExactlyInTheMiddleOfAnAnimation) {
-  constexpr int kSide = 80;
-  std::vector<std::uint32_t> noise;
-  for (std::uint32_t i = 0; i < kSide * kSide; ++i) noise.push_back(i * 2654435761u | 0xFF000000);
+TEST(LayerRenderer, ContentShrinksToNothingBeforeItIsGone) {
+  Drawing drawing;
   auto layer = std::make_shared<CALayer>();
-  Drawing backing;
-  layer->setDelegate(&backing);
-  layer->setFrame({{0, 0}, {40, 40}});
+  layer->setDelegate(&drawing);
+  layer->setFrame({{0, 0}, {8, 8}});
   CAAnimationBlock::begin();
-  layer->setPosition({20, 60});
+  layer->setFrame({{0, 0}, {0, 8}});
   CAAnimationBlock::commit();
-  layer->setDelegate(nullptr);
-  layer->setContents(picture(kSide, noise));
-  const auto image = renderLayers({layer.get()}, {40, 40}, 2, RunLoop::main().now() + 0.1);  // Half way.
-  EXPECT_TRUE(std::equal(image->row(40), image->row(79) + kSide * 4, layer->contents()->row(0)));
-  EXPECT_EQ(pixelAt(image, 0, 39), 0u);
+  const CFTimeInterval start = RunLoop::main().now(), halfWay = 0.1;
+  const auto pixelsAt = [&](CFTimeInterval time, int x) {
+    return pixelAt(renderLayers({layer.get()}, {8, 8}, 1, time), x, 0);
+  };
+  EXPECT_EQ(pixelsAt(start, 7), bluePixel);
+  EXPECT_EQ(pixelsAt(start + halfWay, 2), bluePixel);
+  EXPECT_EQ(pixelsAt(start + halfWay, 5), 0u);
+  RunLoop::main().advanceBy(1);
+  EXPECT_EQ(pixelsAt(RunLoop::main().now(), 0), 0u);
 }
 
 TEST(LayerRenderer, GradientsRunFromEdgeToEdge) {
@@ -202,10 +200,10 @@ TEST(LayerRenderer, ShadowsAndBlursAreGaussian) {
       if (asShadow) {
         layer->setShadowPath(CGPath{{{3, 1}, rect.size}});
         layer->setShadowOffset({-2, 1});
-        layer->setShadowColor(kRed), layer->setShadowOpacity(0.9f), layer->setShadowRadius(2);
+        layer->setShadowColor(red), layer->setShadowOpacity(0.9f), layer->setShadowRadius(2);
       } else {
         layer->setFilters({blurFilter(2)});
-        addLayer(*layer, rect, kRed)->setOpacity(0.9f);
+        addLayer(*layer, rect, red)->setOpacity(0.9f);
       }
       const auto image = renderLayers({&root}, {40, 40}, 2, 0);
       const auto toLayer = CGAffineTransformInvert(CALayer::transformToSuperlayer(layer->model()));

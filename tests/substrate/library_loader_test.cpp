@@ -3,18 +3,19 @@
 #include <dlfcn.h>
 #include <link.h>
 
+#include "platform/foundation/property_list.h"
 #include "platform/foundation/trace.h"
-#include "tests/foundation/temporary_root.h"
+#include "tests/support/temporary_root.h"
 
 namespace {
 
-const std::string kFolder = "/Library/MobileSubstrate/DynamicLibraries/";
-const std::string kSpringBoard = "com.apple.springboard";
+const std::string folder = "/Library/MobileSubstrate/DynamicLibraries/";
+const std::string springBoard = "com.apple.springboard";
 
 class LibraryLoader : public TemporaryRoot {
  protected:
   void install(const std::string& name, const NSData& library, const std::optional<PropertyList>& bundles) {
-    const std::string path = kFolder + name;
+    const std::string path = folder + name;
     ASSERT_TRUE(files().write(path + ".dylib", library, NSFileManager::Writing::Plain));
     if (!bundles) return;
     ASSERT_TRUE(
@@ -31,29 +32,29 @@ class LibraryLoader : public TemporaryRoot {
 };
 
 TEST_F(LibraryLoader, LoadsByFilterInOrderOfNamesAndSaysWhatFailed) {
-  const PropertyListArray here = {"com.example.other", kSpringBoard};
+  const PropertyListArray here = {"com.example.other", springBoard};
   const NSData library = loadableLibrary();
   install("B", library, here);
   install("A", library, here);
   install("C-elsewhere", library, PropertyListArray{"com.example.other"});
   install("D-damaged", bytes("no library"), here);
   install("E-unfiltered", library, std::nullopt);
-  install("F-misfiltered", library, kSpringBoard);
+  install("F-misfiltered", library, springBoard);
   std::string traced;
   setTraceSink([&](std::string_view event, const TraceFields& fields) {
     traced += std::string(event) + " " + std::get<std::string>(fields[0].second) + ";";
   });
 
-  const auto libraries = loadLibrariesForBundle(kSpringBoard);
+  const auto libraries = loadLibrariesForBundle(springBoard);
   setTraceSink({});
 
-  EXPECT_EQ(traced, "library-loaded " + kFolder + "A.dylib;library-loaded " + kFolder + "B.dylib;");
+  EXPECT_EQ(traced, "library-loaded " + folder + "A.dylib;library-loaded " + folder + "B.dylib;");
   const std::pair<const char*, bool> expected[] = {
       {"A", true}, {"B", true}, {"D-damaged", false}, {"E-unfiltered", false}, {"F-misfiltered", false}};
   ASSERT_EQ(libraries.size(), std::size(expected));
   for (std::size_t i = 0; i < libraries.size(); ++i) {
     const auto& [path, error] = libraries[i];
-    EXPECT_EQ(path, kFolder + expected[i].first + ".dylib");
+    EXPECT_EQ(path, folder + expected[i].first + ".dylib");
     EXPECT_EQ(error.empty(), expected[i].second) << error;
     EXPECT_EQ(error.find(root().string()), std::string::npos) << error;
   }

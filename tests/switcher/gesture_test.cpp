@@ -234,6 +234,13 @@ TEST(Rotation, TurnsWindowAndStripsWithTheFrontAppAndBack) {
   device.settle();
   EXPECT_EQ(switcherWindow->transform(), CGAffineTransformIdentity);
   EXPECT_EQ(switcherWindow->frame(), parked);
+  device.springBoard().rotate(UIDeviceOrientation::LandscapeLeft);
+  device.receive();
+  device.pump(0.4);
+  device.abort();
+  device.pump(0.4);
+  device.springBoard().rotate(UIDeviceOrientation::Portrait);
+  EXPECT_EQ(switcherWindow->frame(), parked) << "closed on its side, the window still comes back to the edge";
   device.swipeIn(200, 100);
   EXPECT_TRUE(switcherOpen);
   EXPECT_EQ(iconStrip->frame().size, CGSizeMake(320, 60)) << "the next show lays the strip out";

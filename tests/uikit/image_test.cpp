@@ -4,7 +4,7 @@
 #include "platform/foundation/file_manager.h"
 #include "platform/uikit/display.h"
 #include "platform/uikit/ui_image_view.h"
-#include "tests/foundation/temporary_root.h"
+#include "tests/support/temporary_root.h"
 
 namespace {
 

@@ -1,16 +1,7 @@
-#include "platform/foundation/ns_notification_center.h"
 #include "platform/foundation/trace.h"
-#include "platform/runtime/message.h"
-#include "platform/springboard/sb_linen_view.h"
 #include "platform/uikit/ui_alert_view.h"
-#include "platform/uikit/ui_application.h"
-#include "platform/uikit/ui_button.h"
-#include "platform/uikit/ui_device.h"
-#include "platform/uikit/ui_keyboard.h"
 #include "platform/uikit/ui_kit.h"
 #include "platform/uikit/ui_label.h"
-#include "platform/uikit/ui_screen.h"
-#include "platform/uikit/ui_status_bar.h"
 #include "tests/uikit/views.h"
 
 namespace {
@@ -62,61 +53,6 @@ TEST_F(SystemViews, AnAlertIsCentredModalAndDismissedByATap) {
   EXPECT_EQ(alerts, 2);
 }
 
-TEST_F(SystemViews, TheKeyboardIsKnownToTheRuntimeByItsWindow) {
-  Class* keyboard = objc_getClass("UIKeyboard");
-  auto* host = sendToClass<UIPeripheralHost*>(objc_getClass("UIPeripheralHost"), "sharedInstance");
-  ASSERT_TRUE(host);
-  EXPECT_FALSE(sendToClass<bool>(keyboard, "isOnScreen"));
-  host->showKeyboard();
-  UIWindow* window = host->automaticKeyboard()->targetWindow();
-  host->showKeyboard();
-  EXPECT_TRUE(sendToClass<bool>(keyboard, "isOnScreen"));
-  EXPECT_EQ(host->automaticKeyboard()->targetWindow(), window);
-  EXPECT_EQ(window->windowLevel(), 10);
-  EXPECT_EQ(window->frame(), (CGRect{{0, 264}, {320, 216}}));
-  EXPECT_FALSE(window->hidden());
-  host->hideKeyboard();
-  host->hideKeyboard();
-  EXPECT_FALSE(sendToClass<bool>(keyboard, "isOnScreen"));
-}
-
-TEST_F(SystemViews, TheStatusBarIsBuiltThroughReplaceableMethods) {
-  static UIStatusBar* (*previous)(UIStatusBar&, CGRect);
-  Method* method = objc_getClass("UIStatusBar")->instanceMethod("initWithFrame:");
-  previous = method->exchange(+[](UIStatusBar& self, CGRect frame) {
-    frame.size.width /= 2;
-    return previous(self, frame);
-  });
-  ASSERT_TRUE(previous);
-  registerUIKitClasses();  // Leaves replaced methods alone.
-  auto bar = std::make_shared<UIStatusBar>();
-  EXPECT_EQ(bar->initWithFrame({{0, 0}, {320, 20}}), bar.get());
-  EXPECT_EQ(bar->frame().size.width, 160);
-
-  UIWindow* window = bar->statusBarWindow();
-  EXPECT_EQ(window, std::make_shared<UIStatusBar>()->statusBarWindow());
-  EXPECT_EQ(window->windowLevel(), UIWindowLevelStatusBar);
-  EXPECT_FALSE(window->hidden());
-  EXPECT_EQ(UIWindow::hitTestScreen({10, 10}, nullptr), nullptr);
-}
-
-TEST_F(SystemViews, HostsSpeakThroughSharedObjects) {
-  use({320, 568}, 2);
-  EXPECT_TRUE(UIScreen::mainScreen().respondsToSelector("scale"));
-  EXPECT_EQ(send<CGFloat>(UIScreen::mainScreen(), "scale"), 2);
-  EXPECT_EQ(UIScreen::mainScreen().bounds(), (CGRect{{0, 0}, {320, 568}}));
-
-  std::vector<int> posted;
-  auto& center = NSNotificationCenter::defaultCenter();
-  center.addObserver(UIDeviceOrientationDidChangeNotification, [&](int number) { posted.push_back(number); });
-  center.addObserver(UIApplicationDidChangeStatusBarOrientationNotification,
-                     [&](int number) { posted.push_back(100 + number); });
-  UIDevice::currentDevice().setOrientation(UIDeviceOrientation::Portrait);  // As it is.
-  UIDevice::currentDevice().setOrientation(UIDeviceOrientation::FaceUp);
-  UIApplication::sharedApplication().setStatusBarOrientation(UIInterfaceOrientation::LandscapeLeft);
-  EXPECT_EQ(posted, (std::vector<int>{5, 101}));  // The new one, and the one before.
-}
-
 TEST_F(SystemViews, LabelsAreDrawnAgainOnlyForWhatShows) {
   UILabel label({{0, 0}, {80, 20}});
   label.setText("Clock");
@@ -132,16 +68,6 @@ TEST_F(SystemViews, LabelsAreDrawnAgainOnlyForWhatShows) {
   EXPECT_TRUE(drawnAgain());
   label.setText("");
   EXPECT_EQ(label.layer().displayIfNeeded(1), nullptr);
-}
-
-TEST_F(SystemViews, LinenKeepsItsClothWhileItCollapses) {
-  SBLinenView linen({{0, 0}, {320, 160}}), again({{0, 50}, {320, 160}});
-  const CGImageRef cloth = linen.layer().contents();
-  ASSERT_TRUE(cloth);
-  EXPECT_EQ(CGDataProviderCopyData(cloth), CGDataProviderCopyData(again.layer().contents()));
-  EXPECT_LT(cloth->row(1)[400], cloth->row(80)[400]);  // In the shadow of its edge.
-  linen.setFrame({{0, 80}, {320, 0}});
-  EXPECT_EQ(linen.layer().contents(), cloth);
 }
 
 }  // namespace

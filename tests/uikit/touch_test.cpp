@@ -45,30 +45,6 @@ TEST_F(Touches, ClimbTheResponderChainUntilHandled) {
   EXPECT_EQ(outer->locations, (std::vector<CGPoint>{{60, 60}}));
 }
 
-TEST_F(Touches, FingersAreToldApart) {
-  auto left = addView<Recorder>(*window, {{0, 0}, {100, 100}}),
-       right = addView<Recorder>(*window, {{100, 0}, {100, 100}});
-  left->log.clear();
-  right->log.clear();
-  touches.down(1, {10, 10}, 0);
-  touches.down(2, {110, 10}, 0);
-  touches.down(3, {20, 20}, 0);  // The left view has a finger already.
-  touches.move(3, {21, 21}, 0.1);
-  touches.up(1, {10, 10}, 0.1);
-  touches.move(2, {111, 10}, 0.1);
-  EXPECT_EQ(left->log, (Log{"began B", "ended ESS"}));
-  EXPECT_EQ(right->log, (Log{"began SB", "moved MS"}));
-  EXPECT_EQ(touches.location(2), (CGPoint{111, 10}));
-}
-
-TEST_F(Touches, WhatNoFingerDoesIsRefused) {
-  EXPECT_THROW(touches.move(1, {1, 1}, 0), IncoherentTouch);
-  EXPECT_THROW(touches.up(1, {1, 1}, 0), IncoherentTouch);
-  EXPECT_THROW(touches.cancel(1, 0), IncoherentTouch);
-  touches.down(1, {-5, -5}, 0);  // On no view: tracked, for nobody.
-  EXPECT_THROW(touches.down(1, {1, 1}, 0), IncoherentTouch);
-}
-
 /// Counts the actions that reach it.
 class Target : public NSObject {
   OBJC_CLASS(Target, NSObject)

@@ -68,7 +68,7 @@ TEST_F(ViewTree, AWholeBranchIsToldOfItsWindow) {
 }
 
 TEST_F(ViewTree, WhatOutlivesItsSuperviewOrItsViewStandsAlone) {
-  const auto layer = window->layerReference();
+  const auto layer = std::static_pointer_cast<CALayer>(window->layer().shared_from_this());
   const auto orphan = std::weak_ptr(b);
   b.reset();
   window.reset();
@@ -77,23 +77,6 @@ TEST_F(ViewTree, WhatOutlivesItsSuperviewOrItsViewStandsAlone) {
   EXPECT_EQ(a->superview(), nullptr);
   EXPECT_EQ(a->window(), nullptr);
   EXPECT_EQ(a->layer().superlayer(), nullptr);
-}
-
-TEST(View, BackgroundGoesToTheLayerFlatOrTiled) {
-  UIView view;
-  const CALayer& layer = view.layer();
-  auto pixels = std::make_shared<std::vector<std::uint8_t>>(4 * 4 * 4);
-  auto picture = UIImage::imageWithCGImage(CGImage::create(4, 4, {}, 16, pixels), 2, UIImageOrientation::Up);
-  view.setBackgroundColor(UIColor::colorWithPatternImage(picture));
-  ASSERT_TRUE(layer.backgroundPattern());
-  EXPECT_EQ(layer.backgroundPattern()->image, picture->cgImage());
-  EXPECT_EQ(layer.backgroundPattern()->scale, 2);
-  EXPECT_FALSE(layer.backgroundColor());
-  view.setBackgroundColor(UIColor::grayColor());
-  EXPECT_FALSE(layer.backgroundPattern());
-  EXPECT_EQ(layer.backgroundColor(), (CGColor{0.5f, 0.5f, 0.5f, 1}));
-  view.setBackgroundColor(std::nullopt);
-  EXPECT_FALSE(layer.backgroundColor());
 }
 
 }  // namespace

@@ -15,11 +15,11 @@ struct App {
   std::string_view name;        // "Calendar"; also its executable and bundle folder
   std::string_view identifier;  // "com.example.calendar"
   Orientations orientations;
-  Painter drawIcon;    // on a square of kIconPoints; the rounded mask is put on by drawAppIcon
+  Painter drawIcon;    // on a square of iconPoints; the rounded mask is put on by drawAppIcon
   Painter drawScreen;  // on any screen size, the status bar's ground included
 };
 
-inline constexpr double kIconPoints = 57;
+inline constexpr double iconPoints = 57;
 
 std::span<const App> apps();
 

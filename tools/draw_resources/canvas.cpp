@@ -8,10 +8,9 @@
 #include <stdexcept>
 
 namespace draw_resources {
-
 namespace {
 
-double radians(double degrees) { return degrees * kPi / 180; }
+double radians(double degrees) { return degrees * pi / 180; }
 
 cairo_status_t appendBytes(void* bytes, const unsigned char* data, unsigned length) {
   static_cast<std::string*>(bytes)->append(reinterpret_cast<const char*>(data), length);
@@ -177,10 +176,10 @@ void Canvas::panel(const Rect& area, double radius, Color top, Color bottom, Col
 }
 
 void Canvas::softShadow(const Rect& rect, double radius, double spread, double alpha) {
-  constexpr int kLayers = 8;  // overlaid, they come close to a blur
-  for (int layer = kLayers; layer > 0; --layer) {
-    const double grow = spread * layer / kLayers;
-    roundRect(rect.inset(-grow, -grow), radius + grow).fill(black(alpha / kLayers));
+  constexpr int layers = 8;  // overlaid, they come close to a blur
+  for (int layer = layers; layer > 0; --layer) {
+    const double grow = spread * layer / layers;
+    roundRect(rect.inset(-grow, -grow), radius + grow).fill(black(alpha / layers));
   }
 }
 

@@ -17,7 +17,7 @@ struct TextStyle {
   Color color;
   bool bold = false;
   Align align = Align::Left;
-  Color shadow = kClear;
+  Color shadow = transparent;
   double shadowOffset = 1;  // points below the text, negative above
 };
 
@@ -28,7 +28,7 @@ class Canvas {
 
   const Rect& bounds() const { return bounds_; }
   /// Whether the picture is for the tablet's screen, whose layouts have room for two columns.
-  bool isPad() const { return bounds_.w >= kPadSide && bounds_.h >= kPadSide; }
+  bool isPad() const { return bounds_.w >= padSide && bounds_.h >= padSide; }
   bool isLandscape() const { return bounds_.w > bounds_.h; }
 
   Canvas& moveTo(Point to);
@@ -91,7 +91,7 @@ class Canvas {
   };
 
  private:
-  static constexpr double kPadSide = 700;
+  static constexpr double padSide = 700;
 
   using Layout = std::unique_ptr<PangoLayout, decltype(&g_object_unref)>;
   Layout layout(std::string_view text, const TextStyle& style);

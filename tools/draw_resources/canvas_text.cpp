@@ -6,16 +6,15 @@
 #include "tools/draw_resources/canvas.h"
 
 namespace draw_resources {
-
 namespace {
 
-constexpr const char* kFontFamily = "Liberation Sans";
+constexpr const char* fontFamily = "Liberation Sans";
 
 using Font = std::unique_ptr<PangoFontDescription, decltype(&pango_font_description_free)>;
 
 Font fontFor(const TextStyle& style) {
   Font font(pango_font_description_new(), pango_font_description_free);
-  pango_font_description_set_family_static(font.get(), kFontFamily);
+  pango_font_description_set_family_static(font.get(), fontFamily);
   pango_font_description_set_absolute_size(font.get(), style.size * PANGO_SCALE);
   pango_font_description_set_weight(font.get(), style.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
   return font;
@@ -107,10 +106,10 @@ void requireFont() {
   const std::unique_ptr<PangoContext, decltype(&g_object_unref)> context(pango_font_map_create_context(map),
                                                                          g_object_unref);
   const std::unique_ptr<PangoFont, decltype(&g_object_unref)> font(
-      pango_font_map_load_font(map, context.get(), fontFor({12, kBlack}).get()), g_object_unref);
+      pango_font_map_load_font(map, context.get(), fontFor({12, pureBlack}).get()), g_object_unref);
   const Font found(font ? pango_font_describe(font.get()) : nullptr, pango_font_description_free);
-  if (!found || std::string_view(pango_font_description_get_family(found.get())) != kFontFamily) {
-    throw std::runtime_error(std::string("font \"") + kFontFamily + "\" is not installed");
+  if (!found || std::string_view(pango_font_description_get_family(found.get())) != fontFamily) {
+    throw std::runtime_error(std::string("font \"") + fontFamily + "\" is not installed");
   }
 }
 

@@ -55,6 +55,6 @@ inline Rect centeredRect(Point center, double w, double h) {
   return {center.x - w / 2, center.y - h / 2, w, h};
 }
 
-constexpr double kPi = 3.14159265358979323846;
+constexpr double pi = 3.14159265358979323846;
 
 }  // namespace draw_resources

@@ -6,15 +6,14 @@
 #include "tools/draw_resources/scenes.h"
 
 namespace draw_resources {
-
 namespace {
 
-constexpr Rect kFace{0, 0, 57, 57};
+constexpr Rect face{0, 0, 57, 57};
 
 }  // namespace
 
 void drawMusicIcon(Canvas& c) {
-  c.shadeRect(kFace, hex(0xf0609a), hex(0xa31558));
+  c.shadeRect(face, hex(0xf0609a), hex(0xa31558));
   const Point middle{27, 30};
   c.circle({middle.x, middle.y + 1.5}, 21.5).fill(black(0.3));
   c.shadeDisc(middle, 21.5, hex(0x3a3a42), hex(0x17171b));
@@ -31,8 +30,8 @@ void drawMusicIcon(Canvas& c) {
 }
 
 void drawNotesIcon(Canvas& c) {
-  c.shadeRect(kFace, hex(0xc59463), hex(0x83552b));
-  c.rotateAbout(kFace.center(), 5);
+  c.shadeRect(face, hex(0xc59463), hex(0x83552b));
+  c.rotateAbout(face.center(), 5);
   const Rect page{11, 7, 34, 45};
   c.softShadow(page, 2, 3, 0.5);
   c.roundRect(page, 2).fill(Paint::vertical(page, hex(0xfffdf2), hex(0xf0e8cd)));
@@ -52,13 +51,13 @@ void drawNotesIcon(Canvas& c) {
 }
 
 void drawPhoneIcon(Canvas& c) {
-  c.shadeRect(kFace, hex(0xf6a24b), hex(0xc75a12));
+  c.shadeRect(face, hex(0xf6a24b), hex(0xc75a12));
   const Point middle{28.5, 28.5};
   c.circle({middle.x, middle.y + 1.5}, 22).fill(black(0.25));
   c.shadeDisc(middle, 22, hex(0xfff6e6), hex(0xe2cda9));
   // A dial: ten finger holes, and the stop where the fingers halt.
   for (int hole = 0; hole < 10; ++hole) {
-    const double angle = (65 + hole * 29.5) * kPi / 180;
+    const double angle = (65 + hole * 29.5) * pi / 180;
     const Point at{middle.x + 15.8 * std::cos(angle), middle.y + 15.8 * std::sin(angle)};
     c.circle({at.x, at.y + 0.6}, 3.3).fill(white(0.9));
     c.shadeDisc(at, 3.3, hex(0x5e2a0a), hex(0xa2531d));
@@ -69,35 +68,35 @@ void drawPhoneIcon(Canvas& c) {
 }
 
 void drawPhotosIcon(Canvas& c) {
-  c.shadeRect(kFace, hex(0xe9eff5), hex(0x9fb4c8));
+  c.shadeRect(face, hex(0xe9eff5), hex(0x9fb4c8));
   for (const double tilt : {-15, 11, -2}) {
     const Canvas::Saved saved(c);
     c.rotateAbout({28.5, 31}, tilt);
     const Rect paper{11, 10, 35, 39};
     c.softShadow(paper, 1, 2, 0.45);
-    c.shadeRect(paper, kWhite, hex(0xefefec));
+    c.shadeRect(paper, pureWhite, hex(0xefefec));
     drawScene(c, {13.5, 12.5, 30, 28}, {Subject::Balloon, 15});
   }
 }
 
 void drawSettingsIcon(Canvas& c) {
-  c.shadeRect(kFace, hex(0x93a1b1), hex(0x465364));
-  constexpr double kKnobs[] = {36, 18, 29};
-  constexpr unsigned kFills[] = {0x74d0c0, 0xf6c860, 0xf08a6e};
+  c.shadeRect(face, hex(0x93a1b1), hex(0x465364));
+  constexpr double knobs[] = {36, 18, 29};
+  constexpr unsigned fills[] = {0x74d0c0, 0xf6c860, 0xf08a6e};
   for (int i = 0; i < 3; ++i) {
     const double y = 14.5 + 14 * i;
-    const double knob = kKnobs[i];
+    const double knob = knobs[i];
     c.roundRect({8, y - 2.5, 41, 6}, 3).fill(white(0.3));
     c.roundRect({8, y - 3, 41, 6}, 3).fill(hex(0x222b37));
-    c.roundRect({8.8, y - 2.2, knob - 8, 4.4}, 2.2).fill(hex(kFills[i]));
+    c.roundRect({8.8, y - 2.2, knob - 8, 4.4}, 2.2).fill(hex(fills[i]));
     c.circle({knob, y + 1.2}, 6.4).fill(black(0.35));
-    c.shadeDisc({knob, y}, 6.2, kWhite, hex(0xb4bcc6));
+    c.shadeDisc({knob, y}, 6.2, pureWhite, hex(0xb4bcc6));
     c.shadeDisc({knob, y}, 2.4, hex(0x97a1ad), hex(0xdde2e8));
   }
 }
 
 void drawWeatherIcon(Canvas& c) {
-  c.shadeRect(kFace, hex(0x8fd0f2), hex(0x2f7fc4));
+  c.shadeRect(face, hex(0x8fd0f2), hex(0x2f7fc4));
   c.path("M8 12 L6.4 17 M20 6 L18.4 11 M38 7 L36.4 12 M50 14 L48.4 19 M6 36 L4.4 41")
       .stroke(white(0.75), 1.8);
   c.path("M17 45 L15.4 50 M42 44 L40.4 49 M51 35 L49.4 40 M46 54 L44.4 59 M30 52 L28.4 57")

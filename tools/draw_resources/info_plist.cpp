@@ -3,7 +3,6 @@
 #include <vector>
 
 namespace draw_resources {
-
 namespace {
 
 // The values here are all our own and need no escaping.

@@ -16,8 +16,8 @@ namespace {
 
 using namespace draw_resources;
 
-constexpr int kExitFailed = 1;
-constexpr int kExitUsage = 2;
+constexpr int exitFailed = 1;
+constexpr int exitUsage = 2;
 
 /// A screen that a picture is made for; `suffix` goes between the picture's name and ".png".
 struct ScreenSize {
@@ -27,20 +27,20 @@ struct ScreenSize {
   double scale;
 };
 
-constexpr std::array<ScreenSize, 3> kPhoneScreens{
+constexpr std::array<ScreenSize, 3> phoneScreens{
     {{"", 320, 480, 1}, {"@2x", 320, 480, 2}, {"-568h@2x", 320, 568, 2}}};
-constexpr ScreenSize kPadWallpaper{"~ipad", 768, 1024, 1};
-constexpr ScreenSize kPadUpright{"-Portrait~ipad", 768, 1024, 1};
-constexpr std::array<ScreenSize, 4> kSideways{{{"-Landscape", 480, 320, 1},
-                                               {"-Landscape@2x", 480, 320, 2},
-                                               {"-Landscape-568h@2x", 568, 320, 2},
-                                               {"-Landscape~ipad", 1024, 768, 1}}};
+constexpr ScreenSize padWallpaper{"~ipad", 768, 1024, 1};
+constexpr ScreenSize padUpright{"-Portrait~ipad", 768, 1024, 1};
+constexpr std::array<ScreenSize, 4> sideways{{{"-Landscape", 480, 320, 1},
+                                              {"-Landscape@2x", 480, 320, 2},
+                                              {"-Landscape-568h@2x", 568, 320, 2},
+                                              {"-Landscape~ipad", 1024, 768, 1}}};
 
 struct IconSize {
   const char* file;
   double pixels;
 };
-constexpr std::array<IconSize, 3> kIconSizes{{{"Icon.png", 57}, {"Icon@2x.png", 114}, {"Icon-72.png", 72}}};
+constexpr std::array<IconSize, 3> iconSizes{{{"Icon.png", 57}, {"Icon@2x.png", 114}, {"Icon-72.png", 72}}};
 
 class Draughtsman {
  public:
@@ -49,27 +49,27 @@ class Draughtsman {
   void drawApp(const App& app) const {
     const std::filesystem::path bundle = "Applications/" + std::string(app.name) + ".app";
     output_.write(bundle / "Info.plist", infoPlist(app));
-    for (const auto& [file, pixels] : kIconSizes) {
-      Canvas canvas(kIconPoints, kIconPoints, pixels / kIconPoints);
+    for (const auto& [file, pixels] : iconSizes) {
+      Canvas canvas(iconPoints, iconPoints, pixels / iconPoints);
       drawAppIcon(canvas, app);
       output_.write(bundle / file, canvas.png());
     }
     const std::string picture = bundle / "Default";
-    drawScreens(picture, app.drawScreen, kPhoneScreens);
-    drawScreens(picture, app.drawScreen, {{kPadUpright}});
+    drawScreens(picture, app.drawScreen, phoneScreens);
+    drawScreens(picture, app.drawScreen, {{padUpright}});
     if (app.orientations == Orientations::All) {
-      drawScreens(picture, app.drawScreen, kSideways);
+      drawScreens(picture, app.drawScreen, sideways);
     }
   }
 
   void drawWallpaper(const std::string& picture, Painter painter) const {
-    drawScreens(picture, painter, kPhoneScreens);
-    drawScreens(picture, painter, {{kPadWallpaper}});
+    drawScreens(picture, painter, phoneScreens);
+    drawScreens(picture, painter, {{padWallpaper}});
   }
 
   void drawGrabPattern(const std::string& picture) const {
     drawScreens(picture, drawGrabTile,
-                {{{"", kGrabTilePoints, kGrabTilePoints, 1}, {"@2x", kGrabTilePoints, kGrabTilePoints, 2}}});
+                {{{"", grabTilePoints, grabTilePoints, 1}, {"@2x", grabTilePoints, grabTilePoints, 2}}});
   }
 
  private:
@@ -89,7 +89,7 @@ class Draughtsman {
 int main(int argc, char** argv) {
   if (argc != 2 || argv[1][0] == '\0' || argv[1][0] == '-') {
     std::fprintf(stderr, "draw_resources: bad arguments; usage: draw_resources OUTPUT_ROOT\n");
-    return kExitUsage;
+    return exitUsage;
   }
   try {
     requireFont();
@@ -103,7 +103,7 @@ int main(int argc, char** argv) {
     draughtsman.drawWallpaper("Library/Wallpaper/Lock", drawLockWallpaper);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "draw_resources: %s\n", error.what());
-    return kExitFailed;
+    return exitFailed;
   }
   return 0;
 }

@@ -29,9 +29,9 @@ constexpr Color mix(Color a, Color b, double t) {
   return {a.r + (b.r - a.r) * t, a.g + (b.g - a.g) * t, a.b + (b.b - a.b) * t, a.a + (b.a - a.a) * t};
 }
 
-inline constexpr Color kWhite = hex(0xffffff);
-inline constexpr Color kBlack = hex(0x000000);
-inline constexpr Color kClear = hex(0x000000, 0);
+inline constexpr Color pureWhite = hex(0xffffff);
+inline constexpr Color pureBlack = hex(0x000000);
+inline constexpr Color transparent = hex(0x000000, 0);
 
 constexpr Color white(double alpha) { return hex(0xffffff, alpha); }
 constexpr Color black(double alpha) { return hex(0x000000, alpha); }

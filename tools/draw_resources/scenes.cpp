@@ -4,7 +4,6 @@
 #include <cmath>
 
 namespace draw_resources {
-
 namespace {
 
 struct Mood {
@@ -15,7 +14,7 @@ struct Mood {
   Color accent;
 };
 
-constexpr std::array<Mood, 5> kMoods{{
+constexpr std::array<Mood, 5> moods{{
     {hex(0x3f7fb8), hex(0xcfe6ef), hex(0x7f9fb5), hex(0x3f6b4c), hex(0xf2c14e)},  // noon
     {hex(0x4a3b78), hex(0xf4a261), hex(0x8a5a83), hex(0x3a2a4a), hex(0xffe0a3)},  // dusk
     {hex(0x16697a), hex(0xa8e0d1), hex(0x4f9a94), hex(0x1f5a55), hex(0xff8c61)},  // sea air
@@ -116,13 +115,13 @@ double chance(unsigned seed, unsigned index) {
 
 void drawRidge(Canvas& c, const Rect& area, double height, double roughness, unsigned seed,
                const Paint& paint) {
-  constexpr int kSteps = 48;
+  constexpr int steps = 48;
   c.moveTo({area.x, area.bottom()});
-  for (int i = 0; i <= kSteps; ++i) {
-    const double t = static_cast<double>(i) / kSteps;
+  for (int i = 0; i <= steps; ++i) {
+    const double t = static_cast<double>(i) / steps;
     double sum = 0;
     for (unsigned octave = 1; octave <= 4; ++octave) {
-      sum += std::sin(t * 4.2 * octave + 2 * kPi * chance(seed, octave)) / octave;
+      sum += std::sin(t * 4.2 * octave + 2 * pi * chance(seed, octave)) / octave;
     }
     c.lineTo({area.x + area.w * t, area.bottom() - area.h * (height + roughness * sum * 0.6)});
   }
@@ -130,14 +129,14 @@ void drawRidge(Canvas& c, const Rect& area, double height, double roughness, uns
 }
 
 Scene sceneOfRoll(unsigned index) {
-  constexpr unsigned kSubjects = 5;
-  return {static_cast<Subject>(index % kSubjects), index * 7 + index / kSubjects};
+  constexpr unsigned subjects = 5;
+  return {static_cast<Subject>(index % subjects), index * 7 + index / subjects};
 }
 
 void drawScene(Canvas& canvas, const Rect& area, const Scene& scene) {
   const Canvas::Saved saved(canvas);
   canvas.rect(area).clip();
-  const Mood& mood = kMoods[scene.mood % kMoods.size()];
+  const Mood& mood = moods[scene.mood % moods.size()];
   drawSky(canvas, area, mood, 0.2 + 0.6 * chance(scene.mood, 1), 0.2 + 0.2 * chance(scene.mood, 2));
   switch (scene.subject) {
     case Subject::Mountains:

@@ -5,10 +5,9 @@
 #include "tools/draw_resources/widgets.h"
 
 namespace draw_resources {
-
 namespace {
 
-constexpr Color kTint = hex(0x3a3d42);
+constexpr Color tint = hex(0x3a3d42);
 
 void drawPill(Canvas& c, const Rect& box, Glyph glyph, std::string_view label) {
   c.panel(box, box.h / 2, white(0.35), white(0.35), black(0.5));
@@ -29,7 +28,7 @@ void drawFocusSquare(Canvas& c, const Rect& box) {
 
 void drawCameraScreen(Canvas& c) {
   Rect area = c.bounds();
-  drawStatusGround(c, area, kTint);
+  drawStatusGround(c, area, tint);
   Rect bar = area.takeBottom(c.isPad() ? 72 : 54);
   drawScene(c, area, {Subject::Boat, 10});
   for (int third = 1; third < 3; ++third) {

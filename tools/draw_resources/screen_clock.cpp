@@ -4,10 +4,9 @@
 #include "tools/draw_resources/widgets.h"
 
 namespace draw_resources {
-
 namespace {
 
-constexpr Color kTint = hex(0x33446b);
+constexpr Color tint = hex(0x33446b);
 
 struct City {
   std::string_view name;
@@ -15,7 +14,7 @@ struct City {
   int hour;
   int minute;
 };
-constexpr City kCities[] = {
+constexpr City cities[] = {
     {"Lisbon", "Today", 17, 42},   {"Nairobi", "Today", 19, 42},      {"Kathmandu", "Today", 22, 27},
     {"Osaka", "Tomorrow", 1, 42},  {"Wellington", "Tomorrow", 5, 42}, {"Vancouver", "Today", 9, 42},
     {"Santiago", "Today", 13, 42}, {"Reykjavik", "Today", 16, 42},    {"Tromsø", "Today", 18, 42},
@@ -26,10 +25,10 @@ std::string digits(const City& city) { return std::to_string(city.hour) + ":" + 
 void drawFace(Canvas& c, Point middle, double radius, const City& city) {
   const bool isDay = city.hour >= 6 && city.hour < 18;
   const Rect face = centeredRect(middle, 2 * radius, 2 * radius);
-  const Color ink = isDay ? hex(0x1c2333) : kWhite;
+  const Color ink = isDay ? hex(0x1c2333) : pureWhite;
   c.circle({middle.x, middle.y + 1}, radius + 1).fill(black(0.3));
   c.circle(middle, radius)
-      .fillKeep(isDay ? Paint::vertical(face, kWhite, hex(0xdfe3ea))
+      .fillKeep(isDay ? Paint::vertical(face, pureWhite, hex(0xdfe3ea))
                       : Paint::vertical(face, hex(0x2a3350), hex(0x10162a)));
   c.stroke(hex(0xb98a3a), radius * 0.07);
   const auto mark = [&](double degrees, double from, double to, double width, Color color) {
@@ -48,8 +47,8 @@ void drawFace(Canvas& c, Point middle, double radius, const City& city) {
 }
 
 void drawRows(Canvas& c, Rect area) {
-  c.rect(area).fill(kWhite);
-  for (const City& city : kCities) {
+  c.rect(area).fill(pureWhite);
+  for (const City& city : cities) {
     const Rect row = area.takeTop(76);
     drawSeparator(c, row, 0);
     drawFace(c, {row.x + 44, row.midY()}, 29, city);
@@ -63,11 +62,11 @@ void drawWall(Canvas& c, Rect area) {
   c.rect(area).fill(Paint::radial({area.midX(), area.y + area.h * 0.35}, area.h * 0.8,
                                   {{0, hex(0x4a5878)}, {1, hex(0x171d30)}}));
   for (int i = 0; i < 9; ++i) {
-    const City& city = kCities[i];
+    const City& city = cities[i];
     const Rect cell = area.inset(20, 20).cell(i % 3, i / 3, 3, 3);
     drawFace(c, {cell.midX(), cell.y + cell.h * 0.42}, 84, city);
     c.text(city.name, {cell.x, cell.bottom() - 62, cell.w, 26},
-           {20, kWhite, true, Align::Center, black(0.6)});
+           {20, pureWhite, true, Align::Center, black(0.6)});
     c.text(std::string(city.day) + ", " + digits(city), {cell.x, cell.bottom() - 37, cell.w, 20},
            {15, hex(0xb7c2d8), false, Align::Center});
   }
@@ -77,8 +76,8 @@ void drawWall(Canvas& c, Rect area) {
 
 void drawClockScreen(Canvas& c) {
   Rect area = c.bounds();
-  drawStatusGround(c, area, kTint);
-  drawNavBar(c, area, {kTint, "World Clock", "Edit", "+"});
+  drawStatusGround(c, area, tint);
+  drawNavBar(c, area, {tint, "World Clock", "Edit", "+"});
   drawTabBar(c, area,
              {{Glyph::Globe, "World Clock"},
               {Glyph::Bell, "Alarm"},

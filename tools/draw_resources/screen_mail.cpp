@@ -2,13 +2,12 @@
 #include "tools/draw_resources/widgets.h"
 
 namespace draw_resources {
-
 namespace {
 
-constexpr Color kTint = hex(0x8c4a3c);
-constexpr Color kFaint = hex(0x7d8288);
+constexpr Color tint = hex(0x8c4a3c);
+constexpr Color faint = hex(0x7d8288);
 
-constexpr ListRow kLetters[] = {
+constexpr ListRow letters[] = {
     {"Ines Moreau", "17:31", "The boat on Saturday",
      "The wind should be kind after all. Shall we meet at the pier at nine? I bring the bread, you the "
      "thermos.",
@@ -34,15 +33,15 @@ constexpr ListRow kLetters[] = {
 };
 
 void drawLetter(Canvas& c, Rect area) {
-  c.rect(area).fill(kWhite);
+  c.rect(area).fill(pureWhite);
   Rect head = area.takeTop(112);
   c.shadeRect(head, hex(0xf3f1ee), hex(0xe7e3de));
   drawSeparator(c, head, 0, hex(0xbdb7b0));
   head = head.inset(20, 12);
-  c.text("From: Ines Moreau", head.takeTop(24), {15, kAccent, true});
-  c.text("To: me, Radu Petrescu", head.takeTop(20), {14, kFaint});
-  c.text("The boat on Saturday", head.takeTop(26), {18, kBlack, true});
-  c.text("18 October 2012 17:31", head.takeTop(18), {12, kFaint});
+  c.text("From: Ines Moreau", head.takeTop(24), {15, accent, true});
+  c.text("To: me, Radu Petrescu", head.takeTop(20), {14, faint});
+  c.text("The boat on Saturday", head.takeTop(26), {18, pureBlack, true});
+  c.text("18 October 2012 17:31", head.takeTop(18), {12, faint});
   Rect body = area.inset(20, 20);
   for (const std::string_view paragraph :
        {"Dear both,",
@@ -61,22 +60,22 @@ void drawLetter(Canvas& c, Rect area) {
 
 void drawMailScreen(Canvas& c) {
   Rect area = c.bounds();
-  drawStatusGround(c, area, kTint);
+  drawStatusGround(c, area, tint);
   const auto drawColumn = [&](Rect column, const NavBar& nav, const std::vector<Glyph>& tools,
                               auto drawBody) {
     const Canvas::Saved saved(c);
     c.rect(column).clip();
     drawNavBar(c, column, nav);
-    const Rect bar = drawToolBar(c, column, kTint);
+    const Rect bar = drawToolBar(c, column, tint);
     drawToolItems(c, bar, tools);
     c.rect(column).clip();
     drawBody(c, column);
   };
-  const Rect side = c.isPad() ? area.takeLeft(kSideColumnWidth) : area;
-  drawColumn(side, {kTint, "Inbox (2)", "Boxes", "Edit", true}, {Glyph::Reload, Glyph::Pencil},
-             [](Canvas& c, const Rect& area) { drawList(c, area, kLetters, kTint); });
+  const Rect side = c.isPad() ? area.takeLeft(sideColumnWidth) : area;
+  drawColumn(side, {tint, "Inbox (2)", "Boxes", "Edit", true}, {Glyph::Reload, Glyph::Pencil},
+             [](Canvas& c, const Rect& area) { drawList(c, area, letters, tint); });
   if (c.isPad()) {
-    drawColumn(area, {kTint, "1 of 11"}, {Glyph::Flag, Glyph::Trash, Glyph::Box, Glyph::Pencil}, drawLetter);
+    drawColumn(area, {tint, "1 of 11"}, {Glyph::Flag, Glyph::Trash, Glyph::Box, Glyph::Pencil}, drawLetter);
     drawColumnEdge(c, side);
   }
 }

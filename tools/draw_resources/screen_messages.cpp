@@ -4,19 +4,18 @@
 #include "tools/draw_resources/widgets.h"
 
 namespace draw_resources {
-
 namespace {
 
-constexpr Color kTint = hex(0x5e4a8f);
-constexpr Color kMine = hex(0xb9a3e6);
-constexpr Color kTheirs = hex(0xe9e7ee);
-constexpr double kLineHeight = 20;
+constexpr Color tint = hex(0x5e4a8f);
+constexpr Color mine = hex(0xb9a3e6);
+constexpr Color theirs = hex(0xe9e7ee);
+constexpr double lineHeight = 20;
 
 struct Message {
   bool isMine;
   std::string_view text;
 };
-constexpr Message kMessages[] = {
+constexpr Message messages[] = {
     {false, "Did the boat survive the storm?"},
     {true, "Barely a scratch! The cover flew into the neighbours' pear tree though"},
     {false, "Ha! Free pears then"},
@@ -29,7 +28,7 @@ constexpr Message kMessages[] = {
     {true, "See you Friday then"},
 };
 
-constexpr ListRow kTalks[] = {
+constexpr ListRow talks[] = {
     {"Radu", "17:40", "See you Friday then"},
     {"Ines", "15:02", "The seals are back!"},
     {"Choir", "13:27", "Aiko: altos at six, please"},
@@ -41,17 +40,17 @@ constexpr ListRow kTalks[] = {
     {"Plumber", "Mon", "On my way"},
 };
 
-const TextStyle kBubbleText{16, hex(0x1d1a26)};
-constexpr double kBubblePaddingX = 13;
-constexpr double kBubblePaddingY = 6;
-constexpr double kBubbleGap = 9;
+const TextStyle bubbleText{16, hex(0x1d1a26)};
+constexpr double bubblePaddingX = 13;
+constexpr double bubblePaddingY = 6;
+constexpr double bubbleGap = 9;
 
 /// The bubble at the top of the area, at the side of who wrote it.
 Rect bubbleBox(Canvas& c, const Rect& area, const Message& message) {
-  constexpr double kMargin = 12;
-  const Rect text = c.paragraphBounds(message.text, area.w * 0.68, kBubbleText, kLineHeight);
-  const Rect box{area.x + kMargin, area.y, text.w + 2 * kBubblePaddingX, text.h + 2 * kBubblePaddingY};
-  return message.isMine ? box.offset(area.w - box.w - 2 * kMargin, 0) : box;
+  constexpr double margin = 12;
+  const Rect text = c.paragraphBounds(message.text, area.w * 0.68, bubbleText, lineHeight);
+  const Rect box{area.x + margin, area.y, text.w + 2 * bubblePaddingX, text.h + 2 * bubblePaddingY};
+  return message.isMine ? box.offset(area.w - box.w - 2 * margin, 0) : box;
 }
 
 void traceTail(Canvas& c, const Rect& box, bool isMine) {
@@ -66,60 +65,60 @@ void traceTail(Canvas& c, const Rect& box, bool isMine) {
 }
 
 void drawBubble(Canvas& c, const Rect& box, const Message& message) {
-  constexpr double kRadius = 15;
-  const Color face = message.isMine ? kMine : kTheirs;
+  constexpr double radius = 15;
+  const Color face = message.isMine ? mine : theirs;
   const Paint paint = Paint::vertical(box, lighter(face, 0.45), face);
-  c.roundRect(box.offset(0, 1), kRadius).fill(black(0.28));
+  c.roundRect(box.offset(0, 1), radius).fill(black(0.28));
   traceTail(c, box.offset(0, 1), message.isMine);
   c.fill(black(0.28));
   traceTail(c, box, message.isMine);
   c.fill(paint);
-  c.roundRect(box, kRadius).fill(paint);
+  c.roundRect(box, radius).fill(paint);
   const Rect sheen{box.x + 6, box.y + 1.5, box.w - 12, 12};
   c.roundRect(sheen, 6).fill(Paint::vertical(sheen, white(0.6), white(0)));
-  c.paragraph(message.text, box.inset(kBubblePaddingX, kBubblePaddingY), kBubbleText, kLineHeight);
+  c.paragraph(message.text, box.inset(bubblePaddingX, bubblePaddingY), bubbleText, lineHeight);
 }
 
 void drawTalk(Canvas& c, Rect area) {
-  drawNavBar(c, area, {kTint, "Radu", c.isPad() ? "" : "Messages", "Edit", true});
+  drawNavBar(c, area, {tint, "Radu", c.isPad() ? "" : "Messages", "Edit", true});
   const Rect bar = drawToolBar(c, area, hex(0xa9a9b4));
   c.rect(area).fill(hex(0xdcdfe8));
   drawGlyph(c, Glyph::Camera, {bar.x + 9, bar.midY() - 13, 26, 26}, hex(0x4d4d57));
   const Rect field{bar.x + 44, bar.y + 8, bar.w - 44 - 72, 28};
-  c.roundRect(field, 13).fillKeep(kWhite).stroke(black(0.45), 1);
+  c.roundRect(field, 13).fillKeep(pureWhite).stroke(black(0.45), 1);
   c.text("Message", field.inset(12, 0), {15, hex(0xa5a5ad)});
-  drawBarButton(c, {bar.right() - 66, bar.y + 7, 60, 30}, kTint, "Send");
+  drawBarButton(c, {bar.right() - 66, bar.y + 7, 60, 30}, tint, "Send");
   const Canvas::Saved saved(c);
   c.rect(area).clip();
-  constexpr double kDateHeight = 28;
-  double height = kDateHeight;
-  for (const Message& message : kMessages) {
-    height += bubbleBox(c, area, message).h + kBubbleGap;
+  constexpr double dateHeight = 28;
+  double height = dateHeight;
+  for (const Message& message : messages) {
+    height += bubbleBox(c, area, message).h + bubbleGap;
   }
   area.takeTop(std::min(0.0, area.h - height));  // scrolled up to the latest
-  c.text("18 October 2012 17:21", area.takeTop(kDateHeight),
+  c.text("18 October 2012 17:21", area.takeTop(dateHeight),
          {12, hex(0x6d7284), true, Align::Center, white(0.8)});
-  for (const Message& message : kMessages) {
+  for (const Message& message : messages) {
     const Rect box = bubbleBox(c, area, message);
     drawBubble(c, box, message);
-    area.takeTop(box.h + kBubbleGap);
+    area.takeTop(box.h + bubbleGap);
   }
 }
 
 void drawTalkList(Canvas& c, Rect area) {
-  drawNavBar(c, area, {kTint, "Messages", "Edit", "New"});
-  drawList(c, area, kTalks, kTint);
+  drawNavBar(c, area, {tint, "Messages", "Edit", "New"});
+  drawList(c, area, talks, tint);
 }
 
 }  // namespace
 
 void drawMessagesScreen(Canvas& c) {
   Rect area = c.bounds();
-  drawStatusGround(c, area, kTint);
+  drawStatusGround(c, area, tint);
   if (!c.isPad()) {
     return drawTalk(c, area);
   }
-  const Rect side = area.takeLeft(kSideColumnWidth);
+  const Rect side = area.takeLeft(sideColumnWidth);
   drawTalk(c, area);
   drawTalkList(c, side);
   drawColumnEdge(c, side);

@@ -7,21 +7,20 @@
 #include "tools/draw_resources/widgets.h"
 
 namespace draw_resources {
-
 namespace {
 
-constexpr Color kTint = hex(0x3b3038);
-constexpr Color kPink = hex(0xf0609a);
+constexpr Color tint = hex(0x3b3038);
+constexpr Color pink = hex(0xf0609a);
 
 struct Track {
   std::string_view title;
   std::string_view length;
 };
-constexpr Track kTracks[] = {{"Low Tide", "3:12"},    {"Lantern Street", "4:05"},
-                             {"Paper Boats", "3:48"}, {"The Quiet Carriage", "5:21"},
-                             {"Pear Tree", "2:57"},   {"Rooftop Weather", "4:33"},
-                             {"Salt", "3:39"},        {"Home by Dark", "6:02"}};
-constexpr size_t kPlaying = 2;
+constexpr Track tracks[] = {{"Low Tide", "3:12"},    {"Lantern Street", "4:05"},
+                            {"Paper Boats", "3:48"}, {"The Quiet Carriage", "5:21"},
+                            {"Pear Tree", "2:57"},   {"Rooftop Weather", "4:33"},
+                            {"Salt", "3:39"},        {"Home by Dark", "6:02"}};
+constexpr size_t playing = 2;
 
 /// The cover of the album, in the middle of the area: a moon over a still sea.
 void drawCover(Canvas& c, const Rect& area, double side) {
@@ -47,7 +46,7 @@ void drawCover(Canvas& c, const Rect& area, double side) {
 void drawSlider(Canvas& c, const Rect& track, double value) {
   c.roundRect(track, track.h / 2).fillKeep(hex(0x0b0a0c)).stroke(white(0.14), 1);
   c.roundRect({track.x, track.y, track.w * value, track.h}, track.h / 2)
-      .fill(Paint::vertical(track, lighter(kPink, 0.3), darker(kPink, 0.2)));
+      .fill(Paint::vertical(track, lighter(pink, 0.3), darker(pink, 0.2)));
   drawKnob(c, {track.x + track.w * value, track.midY()}, 8);
 }
 
@@ -61,9 +60,9 @@ void drawProgress(Canvas& c, const Rect& row) {
 void drawControls(Canvas& c, Rect area) {
   const Rect buttons = area.takeTop(area.h * 0.58);
   const double step = std::min(buttons.w / 3.6, 130.0);
-  drawGlyph(c, Glyph::Previous, centeredRect({buttons.midX() - step, buttons.midY()}, 30, 30), kWhite);
-  drawGlyph(c, Glyph::Next, centeredRect({buttons.midX() + step, buttons.midY()}, 30, 30), kWhite);
-  drawGlyph(c, Glyph::Pause, centeredRect(buttons.center(), 30, 30), kWhite);
+  drawGlyph(c, Glyph::Previous, centeredRect({buttons.midX() - step, buttons.midY()}, 30, 30), pureWhite);
+  drawGlyph(c, Glyph::Next, centeredRect({buttons.midX() + step, buttons.midY()}, 30, 30), pureWhite);
+  drawGlyph(c, Glyph::Pause, centeredRect(buttons.center(), 30, 30), pureWhite);
   const double width = std::min(area.w - 72, 420.0);
   const Rect volume = centeredRect({area.midX(), area.midY() - 2}, width, 6);
   drawGlyph(c, Glyph::Speaker, {volume.x - 28, volume.midY() - 8, 16, 16}, hex(0x9a9098));
@@ -77,21 +76,21 @@ void drawPanel(Canvas& c, const Rect& area) {
 
 void drawTitles(Canvas& c, Rect box) {
   c.text("Nora & the Tides", box.takeTop(18), {13, hex(0xb9aeb8), true, Align::Center});
-  c.text("Paper Boats", box.takeTop(22), {17, kWhite, true, Align::Center});
+  c.text("Paper Boats", box.takeTop(22), {17, pureWhite, true, Align::Center});
   c.text("Songs from the Pier", box.takeTop(18), {13, hex(0xb9aeb8), true, Align::Center});
 }
 
 void drawTrackList(Canvas& c, Rect area) {
   c.rect(area).fill(hex(0x1c181d));
-  for (size_t i = 0; i < std::size(kTracks) && area.h > 0; ++i) {
+  for (size_t i = 0; i < std::size(tracks) && area.h > 0; ++i) {
     Rect row = area.takeTop(44);
-    const bool isPlaying = i == kPlaying;
-    c.rect(row).fill(isPlaying ? kPink.withAlpha(0.22) : white(i % 2 == 0 ? 0.05 : 0.02));
+    const bool isPlaying = i == playing;
+    c.rect(row).fill(isPlaying ? pink.withAlpha(0.22) : white(i % 2 == 0 ? 0.05 : 0.02));
     drawSeparator(c, row, 0, black(0.5));
     c.text(std::to_string(i + 1), row.takeLeft(44),
-           {15, isPlaying ? kPink : hex(0x9a9098), true, Align::Center});
-    c.text(kTracks[i].length, row.takeRight(60), {15, hex(0x9a9098), false, Align::Center});
-    c.text(kTracks[i].title, row, {17, isPlaying ? lighter(kPink, 0.4) : kWhite, true});
+           {15, isPlaying ? pink : hex(0x9a9098), true, Align::Center});
+    c.text(tracks[i].length, row.takeRight(60), {15, hex(0x9a9098), false, Align::Center});
+    c.text(tracks[i].title, row, {17, isPlaying ? lighter(pink, 0.4) : pureWhite, true});
   }
 }
 
@@ -99,8 +98,8 @@ void drawTrackList(Canvas& c, Rect area) {
 
 void drawMusicScreen(Canvas& c) {
   Rect area = c.bounds();
-  drawStatusGround(c, area, kTint);
-  drawNavBar(c, area, {kTint, "Now Playing", "Albums", "Tracks", true});
+  drawStatusGround(c, area, tint);
+  drawNavBar(c, area, {tint, "Now Playing", "Albums", "Tracks", true});
   const Canvas::Saved saved(c);
   c.rect(area).clip();
   if (c.isLandscape()) {  // cover to the left, all else beside it

@@ -5,24 +5,23 @@
 #include "tools/draw_resources/widgets.h"
 
 namespace draw_resources {
-
 namespace {
 
-constexpr Color kTint = hex(0x4b6a86);
+constexpr Color tint = hex(0x4b6a86);
 
 }  // namespace
 
 void drawPhotosScreen(Canvas& c) {
   Rect area = c.bounds();
-  drawStatusGround(c, area, kTint);
-  drawNavBar(c, area, {kTint, "Autumn", "Albums", "Select", true});
+  drawStatusGround(c, area, tint);
+  drawNavBar(c, area, {tint, "Autumn", "Albums", "Select", true});
   drawTabBar(
       c, area,
       {{Glyph::Stack, "Albums"}, {Glyph::Grid, "Photos"}, {Glyph::Flag, "Places"}, {Glyph::Person, "Faces"}},
       1, hex(0x8fc4ea));
   const Canvas::Saved saved(c);
   c.rect(area).clip();
-  c.rect(area).fill(kWhite);
+  c.rect(area).fill(pureWhite);
   const double gap = c.isPad() ? 18 : 4;
   const double wished = c.isPad() ? 170 : 75;
   const int columns = static_cast<int>((area.w - gap) / (wished + gap));

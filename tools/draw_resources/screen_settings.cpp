@@ -2,10 +2,9 @@
 #include "tools/draw_resources/widgets.h"
 
 namespace draw_resources {
-
 namespace {
 
-constexpr Color kTint = hex(0x5c6b7d);
+constexpr Color tint = hex(0x5c6b7d);
 
 void drawTopics(Canvas& c, Rect area) {
   drawPinstripes(c, area);
@@ -47,13 +46,13 @@ void drawGeneral(Canvas& c, Rect area) {
 
 void drawSettingsScreen(Canvas& c) {
   Rect area = c.bounds();
-  drawStatusGround(c, area, kTint);
-  Rect side = c.isPad() ? area.takeLeft(kSideColumnWidth) : area;
+  drawStatusGround(c, area, tint);
+  Rect side = c.isPad() ? area.takeLeft(sideColumnWidth) : area;
   const Rect edge = side;
-  drawNavBar(c, side, {kTint, "Settings"});
+  drawNavBar(c, side, {tint, "Settings"});
   drawTopics(c, side);
   if (c.isPad()) {
-    drawNavBar(c, area, {kTint, "General"});
+    drawNavBar(c, area, {tint, "General"});
     drawGeneral(c, area);
     drawColumnEdge(c, edge);
   }

@@ -5,7 +5,6 @@
 #include "tools/draw_resources/scenes.h"
 
 namespace draw_resources {
-
 namespace {
 
 /// Soft discs of light, larger and fainter towards the bottom.
@@ -37,7 +36,7 @@ void drawRibbon(Canvas& canvas, double y, double lift, double thickness, Color c
 }  // namespace
 
 void drawGrabTile(Canvas& canvas) {
-  const Point middle{kGrabTilePoints / 2, kGrabTilePoints / 2};
+  const Point middle{grabTilePoints / 2, grabTilePoints / 2};
   canvas.rect(canvas.bounds()).fill(hex(0x14171c, 0.62));
   // A sunken dot: light catches its lower rim.
   canvas.circle({middle.x, middle.y + 0.75}, 2.1).fill(white(0.34));
@@ -73,9 +72,9 @@ void drawLockWallpaper(Canvas& canvas) {
   canvas.circle(sun, glow).fill(Paint::radial(
       sun, glow, {{0, hex(0xffe3b0, 0.9)}, {0.12, hex(0xffd9a0, 0.55)}, {1, hex(0xffd9a0, 0)}}));
   canvas.circle(sun, area.w * 0.055).fill(hex(0xfff3d6));
-  constexpr int kRidges = 5;
-  for (int i = 0; i < kRidges; ++i) {  // mist lies between them, so each fades downwards
-    const double t = static_cast<double>(i) / (kRidges - 1);
+  constexpr int ridges = 5;
+  for (int i = 0; i < ridges; ++i) {  // mist lies between them, so each fades downwards
+    const double t = static_cast<double>(i) / (ridges - 1);
     const double height = 0.36 - 0.075 * i;
     const Color ridge = mix(hex(0xb7657a), hex(0x14162b), t);
     const Rect body{0, area.h * (1 - height - 0.06), area.w, area.h * (height + 0.06)};

@@ -9,10 +9,10 @@
 
 namespace draw_resources {
 
-inline constexpr double kStatusBarHeight = 20;
-inline constexpr double kTabBarHeight = 49;
-inline constexpr double kSideColumnWidth = 320;  // the left column on the tablet
-inline constexpr Color kAccent = hex(0x2f6f9f);  // selected texts, links
+inline constexpr double statusBarHeight = 20;
+inline constexpr double tabBarHeight = 49;
+inline constexpr double sideColumnWidth = 320;  // the left column on the tablet
+inline constexpr Color accent = hex(0x2f6f9f);  // selected texts, links
 
 /// The height of navigation and tool bars: lower on a phone held sideways.
 double barHeight(const Canvas& canvas);
@@ -62,7 +62,7 @@ struct GroupRow {
   std::string_view label;
   std::string_view value = {};
   Accessory accessory = Accessory::Chevron;
-  Color badge = kClear;  // a coloured square with the glyph, unless clear
+  Color badge = transparent;  // a coloured square with the glyph, unless clear
   Glyph glyph = Glyph::Clock;
   bool selected = false;
 };
@@ -77,7 +77,7 @@ struct ListRow {
   bool isMarked = false;          // with a dot
 };
 /// Rows of things to open; the first one is, where there is room beside the list to show it.
-void drawList(Canvas& canvas, Rect area, std::span<const ListRow> rows, Color tint, Color paper = kWhite);
+void drawList(Canvas& canvas, Rect area, std::span<const ListRow> rows, Color tint, Color paper = pureWhite);
 
 /// The dark line between two columns.
 void drawColumnEdge(Canvas& canvas, const Rect& side);

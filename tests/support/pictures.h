@@ -10,7 +10,7 @@
 /// Pictures for tests, and their pixels read back.
 
 inline CGPixelFormat formatWith(CGBitmapInfo info) { return {8, 32, CGColorSpace::DeviceRGB, info}; }
-inline constexpr CGPixelFormat kGrayFormat{8, 8, CGColorSpace::DeviceGray, kCGImageAlphaNone};
+inline constexpr CGPixelFormat grayFormat{8, 8, CGColorSpace::DeviceGray, kCGImageAlphaNone};
 
 inline CGImageRef pictureOf(int width, int height, CGPixelFormat format, std::vector<std::uint8_t> bytes) {
   const std::size_t bytesPerRow = std::size_t(width) * format.bytesPerPixel();

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
 #include <string_view>
 
 #include "platform/foundation/file_manager.h"
@@ -13,14 +14,14 @@
 /// path may reach.
 class TemporaryRoot : public testing::Test {
  protected:
-  void SetUp() override {
+  TemporaryRoot() {
     std::string name = (std::filesystem::temp_directory_path() / "root-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    if (!mkdtemp(name.data())) throw std::runtime_error("no folder for the test");
     folder_ = std::filesystem::canonical(name);
     for (const auto& folder : {root(), outside()}) std::filesystem::create_directory(folder);
     files().setRoot(root());
   }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
+  ~TemporaryRoot() override { std::filesystem::remove_all(folder_); }
 
   std::filesystem::path root() const { return folder_ / "device"; }
   std::filesystem::path outside() const { return folder_ / "device-outside"; }

@@ -1,0 +1,15 @@
+#include "platform/coregraphics/picture_size.h"
+
+#include "platform/coregraphics/cairo_support.h"
+
+namespace {
+
+/// A few bytes of file can announce any size; this is as much memory as a picture may ask for.
+constexpr std::uint64_t maxPixels = 64ull << 20;
+
+}  // namespace
+
+bool isAcceptablePictureSize(std::uint32_t width, std::uint32_t height) {
+  return width > 0 && height > 0 && width <= maxSurfaceSide && height <= maxSurfaceSide &&
+         std::uint64_t{width} * height <= maxPixels;
+}

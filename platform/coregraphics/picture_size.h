@@ -1,0 +1,7 @@
+#pragma once
+
+#include <cstdint>
+
+/// False for a picture whose header announces more than is worth decoding, or more than can be drawn.
+/// Internal.
+bool isAcceptablePictureSize(std::uint32_t width, std::uint32_t height);

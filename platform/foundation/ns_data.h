@@ -1,0 +1,7 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+/// Bytes.
+using NSData = std::vector<std::uint8_t>;
