@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/foundation/file_manager.h"
 #include "platform/foundation/property_list.h"
 
 namespace host {
@@ -12,10 +13,13 @@ constexpr const char* recentsKey = "SBRecentDisplays";
 
 }  // namespace
 
-AppSwitcherModel::AppSwitcherModel(const std::function<bool(const std::string&)>& isInstalled) {
+AppSwitcherModel::AppSwitcherModel(const std::function<bool(const std::string&)>& isInstalled, Warn warn)
+    : warn_(std::move(warn)) {
   declareInstanceVariable(*this, "_recentDisplayIdentifiers", recentDisplayIdentifiers_);
 
   const auto preferences = dictionaryWithContentsOfFile(preferencesPath);
+  if (!preferences && NSFileManager::defaultManager().fileExists(preferencesPath))
+    warn_(std::string(preferencesPath) + ": no readable property list; the recent applications are forgotten");
   const PropertyList* value = preferences ? find(*preferences, recentsKey) : nullptr;
   const auto* entries = value ? value->as<PropertyListArray>() : nullptr;
   if (!entries) return;
@@ -49,13 +53,14 @@ void AppSwitcherModel::drop(const std::string& identifier) {
   if (std::erase(recentDisplayIdentifiers_, identifier) > 0) save();
 }
 
-void AppSwitcherModel::save() const {
-  // The file holds other settings too; they stay. A disk that cannot be written costs the memory of this run
-  // only.
+void AppSwitcherModel::save() {
+  // The file holds other settings too; they stay.
   auto preferences = dictionaryWithContentsOfFile(preferencesPath).value_or(PropertyListDictionary());
   preferences[recentsKey] =
       PropertyListArray(recentDisplayIdentifiers_.begin(), recentDisplayIdentifiers_.end());
-  writeDictionaryToFile(preferences, preferencesPath);
+  if (writeDictionaryToFile(preferences, preferencesPath) || toldOfWriting_) return;
+  toldOfWriting_ = true;
+  warn_(std::string(preferencesPath) + ": cannot be written; the recent applications will not be remembered");
 }
 
 }  // namespace host

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "host/lock_screen_view.h"
-#include "host/process_wide.h"
+#include "host/shared_instance.h"
 #include "host/status_bar.h"
 #include "host/ui_controller.h"
 #include "platform/springboard/sb_away_controller.h"
@@ -20,13 +20,15 @@ class AwayWindow : public UIWindow {
 };
 
 /// Locking and unlocking.
-class AwayController : public SBAwayController, public ProcessWide<AwayController> {
+class AwayController : public SBAwayController {
  public:
   /// Both outlive the controller.
   AwayController(const DeviceModel& model, UIController& uiController, StatusBar& statusBar);
 
   /// Gives SBAwayController and GSEventLockDevice their behaviour.
   static void registerMethods();
+  /// The process's controller; null while there is none.
+  static AwayController* shared() { return SharedInstance<AwayController>::current(); }
 
   /// Builds a fresh lock-screen view and puts it into the window. Before the first lock it waits there
   /// unseen.
@@ -55,6 +57,7 @@ class AwayController : public SBAwayController, public ProcessWide<AwayControlle
   std::shared_ptr<LockScreenView> view_;  // Null while there is none, or where it could not be made.
   bool locked_ = false;
   bool isSliding_ = false;
+  SharedInstance<AwayController> shared_{*this};
 };
 
 }  // namespace host

@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <optional>
@@ -7,6 +8,8 @@
 
 #include "host/event_log.h"
 #include "host/exit_code.h"
+#include "host/failure.h"
+#include "host/interruption.h"
 #include "host/machine_file.h"
 #include "host/options.h"
 #include "host/script_runner.h"
@@ -32,7 +35,21 @@ class Script {
   std::ifstream file_;  // Never opened where there is no script: a stream without lines.
 };
 
+/// The warnings that have come since the last call, which had seen `seen` of them.
+void printNewWarnings(const host::SpringBoard& springBoard, std::size_t& seen) {
+  for (; seen < springBoard.warnings().size(); ++seen)
+    std::cerr << "springboard: " << springBoard.warnings()[seen] << std::endl;
+}
+
+void refuseOneFileForBoth(const host::Options& options) {
+  std::error_code ignored;
+  if (options.log && options.script && std::filesystem::equivalent(*options.log, *options.script, ignored))
+    throw host::Failure(options.log->string() + ": is the script; the log would overwrite it");
+}
+
 int run(const host::Options& options) {
+  host::catchInterruptions();
+  refuseOneFileForBoth(options);
   if (options.seed) std::srand(*options.seed);
   // What can be refused comes before the device boots and writes files of its own; the log sees the boot.
   Script script(options.script);
@@ -40,9 +57,10 @@ int run(const host::Options& options) {
   if (options.log) log.emplace(*options.log);
 
   host::SpringBoard springBoard(options.boot);
-  for (const std::string& warning : springBoard.warnings())
-    std::cerr << "springboard: " << warning << std::endl;
+  std::size_t warned = 0;
+  printNewWarnings(springBoard, warned);
   const int result = host::runScript(script.lines(), script.name(), springBoard, std::cout, std::cerr);
+  printNewWarnings(springBoard, warned);
   if (log) log->checkWritten();
   return result;
 }

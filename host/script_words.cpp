@@ -12,6 +12,7 @@ bool isBlank(char character) { return blanks.find(character) != blanks.npos; }
 }  // namespace
 
 std::vector<ScriptWord> splitScriptLine(std::string_view line) {
+  if (line.find('\0') != line.npos) throw BadScriptLine("a NUL character");
   std::vector<ScriptWord> words;
   std::size_t at = 0;
   while ((at = line.find_first_not_of(blanks, at)) != line.npos && line[at] != '#') {

@@ -22,9 +22,9 @@ constexpr const char* bundleIdentifier = "com.apple.springboard";
 void openRoot(const std::filesystem::path& root) {
   std::error_code error;
   if (!std::filesystem::is_directory(root, error)) throw Failure(root.string() + ": no such folder");
-  NSFileManager::defaultManager().setRoot(root);
-  if (!NSFileManager::defaultManager().fileExists("/Applications"))
+  if (!std::filesystem::is_directory(root / "Applications", error))
     throw Failure(root.string() + ": no device root: it has no Applications folder");
+  NSFileManager::defaultManager().setRoot(root);
 }
 
 void registerClasses() {
@@ -63,12 +63,13 @@ SpringBoard::State::State(const BootOptions& options) {
   registerClasses();
   catalogue = std::make_shared<AppCatalogue>(model, warnings);
   recents = std::make_shared<AppSwitcherModel>(
-      [this](const std::string& identifier) { return catalogue->find(identifier) != nullptr; });
+      [this](const std::string& identifier) { return catalogue->find(identifier) != nullptr; },
+      [this](std::string warning) { warnings.push_back(std::move(warning)); });
 
   // From here on SpringBoard's methods are sent for, and libraries may have replaced them.
   if (options.loadTweaks) {
     for (const LoadedLibrary& library : loadLibrariesForBundle(bundleIdentifier))
-      if (!library.error.empty()) warnings.push_back(library.path + ": " + library.error);
+      if (!library.error.empty()) warnings.push_back(library.error);
   }
   if (options.alsoLoad) options.alsoLoad();
 
@@ -144,7 +145,7 @@ void SpringBoard::showKeyboard() {
   if (locked()) throw Failure("keyboard: the device is locked");
   state_->settle();
   if (!frontmost()) throw Failure("keyboard: no application is in front");
-  UIPeripheralHost::sharedInstance().showKeyboard();
+  state_->uiController->showKeyboard();
 }
 
 void SpringBoard::hideKeyboard() { UIPeripheralHost::sharedInstance().hideKeyboard(); }

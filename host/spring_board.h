@@ -42,6 +42,7 @@ class SpringBoard {
   explicit SpringBoard(const BootOptions& options);
   ~SpringBoard();
 
+  /// What boot had to report and, later, what else could not be kept; a line each, in order.
   const std::vector<std::string>& warnings() const;
 
   /// Opens an application through its icon: first back to the home screen, then to the icon's page, then a

@@ -5,6 +5,7 @@
 #include "host/away_controller.h"
 #include "host/device_pictures.h"
 #include "host/interface_orientation.h"
+#include "host/keyboard.h"
 #include "platform/foundation/trace.h"
 #include "platform/uikit/ui_application.h"
 #include "platform/uikit/ui_device.h"
@@ -113,6 +114,11 @@ void UIController::goHome() {
   auto outgoing = screen_;
   setFront(nullptr);
   begin(std::move(outgoing));
+}
+
+void UIController::showKeyboard() {
+  UIPeripheralHost::sharedInstance().showKeyboard();
+  layOutKeyboard(screenSize_, UIApplication::sharedApplication().statusBarOrientation());
 }
 
 void UIController::showFirstPage() {
@@ -226,6 +232,7 @@ void UIController::showInterface() {
   const auto shown = isUpright ? UIInterfaceOrientation::Portrait : screen_->orientation();
   if (shown == UIApplication::sharedApplication().statusBarOrientation()) return;
   statusBar_.build(shown);
+  layOutKeyboard(screenSize_, shown);
   UIApplication::sharedApplication().setStatusBarOrientation(shown);
 }
 

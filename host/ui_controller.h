@@ -6,7 +6,7 @@
 #include "host/app_catalogue.h"
 #include "host/app_switcher_model.h"
 #include "host/home_screen.h"
-#include "host/process_wide.h"
+#include "host/shared_instance.h"
 #include "host/status_bar.h"
 #include "host/transition.h"
 #include "platform/springboard/sb_ui_controller.h"
@@ -18,7 +18,7 @@ namespace host {
 /// Who is in front, the recents and the log change as a request is made; the screens then move, and the calls
 /// that belong to the end of the movement are made when it ends, or at the next request, whichever comes
 /// first.
-class UIController : public SBUIController, public ProcessWide<UIController> {
+class UIController : public SBUIController {
  public:
   /// All of these outlive the controller.
   UIController(const DeviceModel& model, AppCatalogue& catalogue, AppSwitcherModel& recents,
@@ -28,6 +28,8 @@ class UIController : public SBUIController, public ProcessWide<UIController> {
   /// Gives SBUIController, SBApplicationIcon's launch and UIApplication's quitTopApplication: their
   /// behaviour.
   static void registerMethods();
+  /// The process's controller; null while there is none.
+  static UIController* shared() { return SharedInstance<UIController>::current(); }
 
   Application* frontApplication() const { return screen_ ? &screen_->application() : nullptr; }  ///< Or null.
   bool busy() const { return transition_ || homeScreen_.isTurning(); }
@@ -41,6 +43,8 @@ class UIController : public SBUIController, public ProcessWide<UIController> {
   /// Nothing when the home screen is in front.
   void goHome();
   void showFirstPage();
+  /// The keyboard comes up at the lower edge of the front application's interface.
+  void showKeyboard();
   /// Ends the application's process, from home, and takes it off the recents.
   void terminate(Application& application);
 
@@ -71,6 +75,7 @@ class UIController : public SBUIController, public ProcessWide<UIController> {
   std::unique_ptr<RunningTransition> transition_;  // Null when the screens lie still.
   std::function<void()> whenHome_;                 // What follows once home has been reached.
   Origin origin_ = Origin::Switcher;               // Where the activation that is being made comes from.
+  SharedInstance<UIController> shared_{*this};
 };
 
 }  // namespace host

@@ -55,20 +55,23 @@ void blurGaussian(std::uint8_t* pixels, int width, int height, std::size_t bytes
   const int reachY = static_cast<int>(weightsY.size()) - 1;
   const std::size_t count = static_cast<std::size_t>(width) * channels;
 
-  std::vector<float> padded(count + 2 * reachX * channels);  // One row with transparency on both sides.
+  std::vector<float> padded(count + 2 * reachX * channels);  // One row with its ends repeated.
   float* const source = padded.data() + reachX * channels;
-  const std::vector<float> transparentRow(count);
   RowRing ring(weightsY.size() * 2, count);
   std::vector<float> sum(count);
 
   auto blurAlong = [&](int y) {
     std::copy_n(pixels + static_cast<std::size_t>(y) * bytesPerRow, count, source);
+    for (std::size_t i = 0; i < reachX * channels; ++i) {
+      padded[i] = source[i % channels];
+      source[count + i] = source[count - channels + i % channels];
+    }
     float* target = ring.row(y);
     startSum(target, source, weightsX[0], count);
     for (std::size_t i = 1; i <= reachX; ++i)
       addPair(target, source - i * channels, source + i * channels, weightsX[i], count);
   };
-  auto blurredRow = [&](int y) { return y < 0 || y >= height ? transparentRow.data() : ring.row(y); };
+  auto blurredRow = [&](int y) { return ring.row(std::clamp(y, 0, height - 1)); };
 
   // Row y is written only after every row up to y + reachY has been read.
   for (int y = 0; y < std::min(reachY, height); ++y) blurAlong(y);

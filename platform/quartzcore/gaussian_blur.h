@@ -12,6 +12,6 @@ inline constexpr double gaussianReach = 3;
 inline constexpr double maxBlurSigma = 64;
 
 /// Blurs premultiplied 32-bit pixels in place by a Gaussian whose standard deviations are `sigmaX` and
-/// `sigmaY` pixels, 0 to maxBlurSigma. The picture is transparent outside.
+/// `sigmaY` pixels, 0 to maxBlurSigma. The pixels at the edges repeat outside.
 void blurGaussian(std::uint8_t* pixels, int width, int height, std::size_t bytesPerRow, double sigmaX,
                   double sigmaY);

@@ -108,15 +108,16 @@ class LayerPainter {
   }
 
   /// By way of a picture of its own, which is no larger than what can be seen of it and what blurs into that.
-  /// The layer's mask cuts what comes out.
+  /// Its edges stay sharp: a screen-filling layer must not fade at the screen's end. The layer's mask cuts what
+  /// comes out.
   void drawBlurred(const PlacedLayer& placed, const DeviceBox& clip) {
     const AxisScale axes = axisScale(placed.toDevice);
     const double sigmaX = std::min(placed.blur() * axes.x, maxBlurSigma);
     const double sigmaY = std::min(placed.blur() * axes.y, maxBlurSigma);
     const double reachX = sigmaX * gaussianReach, reachY = sigmaY * gaussianReach;
-    const DeviceBox spread = extent(placed).grown(reachX, reachY);
-    const DeviceBox box = spread.intersected(clip.grown(reachX, reachY)).roundedOut();
-    if (spread.intersected(clip).empty()) return;
+    const DeviceBox all = extent(placed);
+    const DeviceBox box = all.intersected(clip.grown(reachX, reachY)).roundedOut();
+    if (all.intersected(clip).empty()) return;
 
     const CairoSurfacePtr picture(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, box.width(), box.height()));
     cairo_surface_set_device_offset(picture.get(), -box.left, -box.top);
@@ -140,9 +141,7 @@ class LayerPainter {
     for (const auto& sublayer : placed.layer.sublayers()) {
       const PlacedLayer inner(*sublayer, placed.toDevice, placed.opacity, time_);
       if (!inner.visible()) continue;
-      const AxisScale axes = axisScale(inner.toDevice);
-      const double reach = inner.blur() * gaussianReach;
-      result = result.united(extent(inner).grown(reach * axes.x, reach * axes.y));
+      result = result.united(extent(inner));
       if (inner.shadow().color.alpha > 0) result = result.united(shadowBox(inner.shadow(), inner.toDevice));
     }
     return result;

@@ -35,15 +35,6 @@ class Method {
     return signature_ == typeid(Function) ? reinterpret_cast<Function>(implementation_) : nullptr;
   }
 
-  /// Puts `replacement` in place and returns the previous implementation, or changes nothing and returns
-  /// null when the types differ.
-  template <class R, class... Args>
-  auto exchange(R (*replacement)(Args...)) -> R (*)(Args...) {
-    auto previous = as<R (*)(Args...)>();
-    if (previous) implementation_ = reinterpret_cast<Imp>(replacement);
-    return previous;
-  }
-
  private:
   std::string selector_;
   std::type_index signature_;

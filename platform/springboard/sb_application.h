@@ -8,9 +8,8 @@
 class SBApplication : public NSObject {
   OBJC_CLASS(SBApplication, NSObject)
  public:
-  std::string displayIdentifier() {
-    return send<std::string>(*this, "displayIdentifier");
-  }  ///< Bundle identifier.
+  /// Its bundle identifier.
+  std::string displayIdentifier() { return send<std::string>(*this, "displayIdentifier"); }
   std::string displayName() { return send<std::string>(*this, "displayName"); }
 
   /// Steps of an application coming to the front, in the order in which SpringBoard takes them.

@@ -50,7 +50,7 @@ std::string load(const std::string& devicePath) {
     const char* reason = ::dlerror();
     return describeFailure(reason ? reason : "cannot be loaded", path->string(), devicePath);
   } catch (const std::exception& exception) {
-    return describeFailure(exception.what(), path->string(), devicePath);
+    return devicePath + ": " + describeFailure(exception.what(), path->string(), devicePath);
   }
 }
 

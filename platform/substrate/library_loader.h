@@ -8,7 +8,7 @@
 /// What became of one library.
 struct LoadedLibrary {
   std::string path;   ///< On the device: "/Library/MobileSubstrate/DynamicLibraries/NAME.dylib".
-  std::string error;  ///< Empty when it was loaded; otherwise why not, in one line.
+  std::string error;  ///< Empty when it was loaded; otherwise one line with the file and the cause.
 };
 
 /// Loads, in order of their names, the libraries of /Library/MobileSubstrate/DynamicLibraries whose filter

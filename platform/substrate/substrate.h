@@ -13,9 +13,9 @@ template <class R, class... Args>
 void MSHookMessageEx(Class* cls, std::string_view selector, R (*replacement)(Args...),
                      R (**previous)(Args...)) {
   Method* method = cls ? cls->instanceMethod(selector) : nullptr;
-  if (!method) return;
-  auto replaced = method->exchange(replacement);
-  if (!replaced) return;
-  *previous = replaced;
+  auto implementation = method ? method->as<R (*)(Args...)>() : nullptr;
+  if (!implementation) return;
+  *previous = implementation;
+  cls->addMethod(selector, replacement);  // Into the class itself: what it only inherits stays as it is up there.
   trace("hook", {{"class", cls->name()}, {"selector", std::string(selector)}});
 }

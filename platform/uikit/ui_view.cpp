@@ -22,8 +22,8 @@ CGPoint convertPointFromSuperview(const UIView& view, CGPoint point) {
 }  // namespace
 
 UIView::UIView(CGRect frame) : layer_(std::make_shared<CALayer>()) {
-  layer_->setFrame(
-      frame);  // Before the layer knows its view: a view made inside an animation block stands at once.
+  // Before the layer knows its view: a view made inside an animation block stands at once.
+  layer_->setFrame(frame);
   layer_->setDelegate(this);
 }
 

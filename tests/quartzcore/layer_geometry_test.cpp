@@ -18,15 +18,6 @@ void expectNear(const std::vector<CGFloat>& actual, const std::vector<CGFloat>& 
 }
 std::vector<CGFloat> list(CGRect r) { return {r.origin.x, r.origin.y, r.size.width, r.size.height}; }
 
-TEST(LayerGeometry, OrdinaryFramesComeBackExactly) {
-  CALayer layer;
-  for (CGRect frame : {CGRectMake(0, -80, 320, 213), CGRectMake(307.125f, 33.25f, 0.25f, 0)}) {
-    layer.setFrame(frame);
-    EXPECT_EQ(layer.frame(), frame);
-    EXPECT_EQ(layer.bounds(), CGRectMake(0, 0, frame.size.width, frame.size.height));
-  }
-}
-
 TEST(LayerGeometry, FrameSizesTheBoundsThroughTheTransform) {
   constexpr CGRect wantedFrame{{10, 20}, {40, 80}};
   auto expect = [&](CATransform3D transform, CGPoint position, CGSize size, CGRect readBack) {

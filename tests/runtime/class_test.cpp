@@ -9,9 +9,6 @@ namespace {
 
 class Animal : public NSObject {
   OBJC_CLASS(Animal, NSObject)
- public:
-  Animal() { declareInstanceVariable(*this, "_legs", legs); }
-  int legs = 4;
 };
 
 class Dog : public Animal {
@@ -69,13 +66,6 @@ TEST_F(ClassTest, AReplacedMethodIsReplacedForEveryCaller) {
   MSHookMessageEx(
       objc_getClass("Animal"), sound, +[](Animal&) {}, &otherType);
   EXPECT_TRUE(!previousSound && !otherType && traced_.empty());
-}
-
-TEST_F(ClassTest, AnInstanceVariableIsFoundByNameAndType) {
-  const InstanceVariable* legs = class_getInstanceVariable(&Dog::objcClass(), "_legs");
-  EXPECT_EQ(object_getInstanceVariable<int>(&dog_, legs), &dog_.legs);
-  EXPECT_EQ(object_getInstanceVariable<float>(&dog_, legs), nullptr);
-  EXPECT_EQ(class_getInstanceVariable(&Dog::objcClass(), "_wings"), nullptr);
 }
 
 }  // namespace
