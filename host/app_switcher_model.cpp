@@ -19,7 +19,8 @@ AppSwitcherModel::AppSwitcherModel(const std::function<bool(const std::string&)>
 
   const auto preferences = dictionaryWithContentsOfFile(preferencesPath);
   if (!preferences && NSFileManager::defaultManager().fileExists(preferencesPath))
-    warn_(std::string(preferencesPath) + ": no readable property list; the recent applications are forgotten");
+    warn_(std::string(preferencesPath) +
+          ": no readable property list; the recent applications are forgotten");
   const PropertyList* value = preferences ? find(*preferences, recentsKey) : nullptr;
   const auto* entries = value ? value->as<PropertyListArray>() : nullptr;
   if (!entries) return;

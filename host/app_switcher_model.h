@@ -14,8 +14,8 @@ class AppSwitcherModel : public SBAppSwitcherModel {
  public:
   using Warn = std::function<void(std::string)>;
 
-  /// Reads the list from disk, without the identifiers that `isInstalled` denies. What cannot be read, now, or
-  /// written, later, goes to `warn`: a line each, and the second once only.
+  /// Reads the list from disk, without the identifiers that `isInstalled` denies. What cannot be read, now,
+  /// or written, later, goes to `warn`: a line each, and the second once only.
   AppSwitcherModel(const std::function<bool(const std::string&)>& isInstalled, Warn warn);
 
   /// Gives SBAppSwitcherModel its behaviour.

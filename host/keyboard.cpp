@@ -13,7 +13,8 @@ constexpr CGFloat leastPadWidth = 768;
 
 CGFloat keyboardHeight(CGSize screen, UIInterfaceOrientation orientation) {
   const bool isPad = screen.width >= leastPadWidth;
-  if (UIInterfaceOrientationIsLandscape(orientation)) return isPad ? padLandscapeHeight : phoneLandscapeHeight;
+  if (UIInterfaceOrientationIsLandscape(orientation))
+    return isPad ? padLandscapeHeight : phoneLandscapeHeight;
   return isPad ? padHeight : phoneHeight;
 }
 

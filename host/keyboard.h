@@ -5,7 +5,8 @@
 
 namespace host {
 
-/// Lays the keyboard, if it is up, along the lower edge of an interface that stands so on a screen of this portrait size.
+/// Lays the keyboard, if it is up, along the lower edge of an interface that stands so on a screen of this
+/// portrait size.
 void layOutKeyboard(CGSize screen, UIInterfaceOrientation orientation);
 
 }  // namespace host

@@ -24,7 +24,8 @@ std::string readable(std::string_view message) {
   std::string line;
   for (const char character : message.substr(0, longestMessage)) {
     const bool isControl = static_cast<unsigned char>(character) < ' ' || character == '\x7f';
-    line += isControl ? fmt::format("\\x{:02x}", static_cast<unsigned char>(character)) : std::string(1, character);
+    line += isControl ? fmt::format("\\x{:02x}", static_cast<unsigned char>(character))
+                      : std::string(1, character);
   }
   return message.size() > longestMessage ? line + "..." : line;
 }

@@ -20,11 +20,11 @@
 namespace host {
 namespace {
 
-constexpr CFTimeInterval iconSeconds = 0.3;     // Out of an icon or back into it.
-constexpr CFTimeInterval fadeSeconds = 0.12;    // Out of an icon, until nothing shines through any more.
+constexpr CFTimeInterval iconSeconds = 0.3;    // Out of an icon or back into it.
+constexpr CFTimeInterval fadeSeconds = 0.12;   // Out of an icon, until nothing shines through any more.
 constexpr CFTimeInterval switchSeconds = 0.3;  // From application to application.
-constexpr CGFloat iconShare = 0.18f;            // Of its size, that a screen has over its icon.
-constexpr CGFloat trailingShare = 0.3f;         // Of the width, that the outgoing screen makes room.
+constexpr CGFloat iconShare = 0.18f;           // Of its size, that a screen has over its icon.
+constexpr CGFloat trailingShare = 0.3f;        // Of the width, that the outgoing screen makes room.
 constexpr CGFloat trailingAlpha = 0.4f;
 
 CGPoint middle(const UIView& screen) {

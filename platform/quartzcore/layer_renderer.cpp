@@ -108,8 +108,8 @@ class LayerPainter {
   }
 
   /// By way of a picture of its own, which is no larger than what can be seen of it and what blurs into that.
-  /// Its edges stay sharp: a screen-filling layer must not fade at the screen's end. The layer's mask cuts what
-  /// comes out.
+  /// Its edges stay sharp: a screen-filling layer must not fade at the screen's end. The layer's mask cuts
+  /// what comes out.
   void drawBlurred(const PlacedLayer& placed, const DeviceBox& clip) {
     const AxisScale axes = axisScale(placed.toDevice);
     const double sigmaX = std::min(placed.blur() * axes.x, maxBlurSigma);

@@ -16,6 +16,7 @@ void MSHookMessageEx(Class* cls, std::string_view selector, R (*replacement)(Arg
   auto implementation = method ? method->as<R (*)(Args...)>() : nullptr;
   if (!implementation) return;
   *previous = implementation;
-  cls->addMethod(selector, replacement);  // Into the class itself: what it only inherits stays as it is up there.
+  cls->addMethod(selector,
+                 replacement);  // Into the class itself: what it only inherits stays as it is up there.
   trace("hook", {{"class", cls->name()}, {"selector", std::string(selector)}});
 }

@@ -77,17 +77,6 @@ TEST(CGContext, ATransformThatFlattensThePlaneDrawsNothingUntilRestored) {
   EXPECT_EQ(colorAt(context.createImage(), 3, 3), (Color{255, 0, 0}));
 }
 
-TEST(CGContext, RoundsCornersClipsAndShades) {
-  CGContext context({20, 20}, 1);
-  context.clipTo(CGRectMake(0, 0, 20, 10));
-  context.fillGradient(CGRectMake(0, 0, 20, 20), pureRed, pureBlue, 100);
-  const CGImageRef drawn = context.createImage();
-  EXPECT_EQ(colorAt(drawn, 0, 0).alpha, 0) << "the corner is cut to a quarter of a circle";
-  EXPECT_EQ(colorAt(drawn, 10, 10).alpha, 0) << "below the clip";
-  EXPECT_NEAR(colorAt(drawn, 10, 1).red, 255 * (1 - 1.5 / 20), 3);
-  EXPECT_NEAR(colorAt(drawn, 10, 9).blue, 255 * 9.5 / 20, 3);
-}
-
 TEST(CGContext, SetsALineOfTextWithinItsRectangle) {
   const auto draw = [](std::string_view text, CGTextAlignment alignment, bool bold = false) {
     CGContext context({100, 40}, 1);

@@ -145,23 +145,6 @@ TEST_F(ScriptRunnerTest, TimePassesOnlyAsAsked) {
   EXPECT_EQ(deliveredAt, posting);
 }
 
-TEST_F(ScriptRunnerTest, RequestsAreMetBeforeTheNextLine) {
-  ASSERT_EQ(play("launch com.example.two\nlist-apps\ndescribe-all\nbutton HOME\ndescribe-all " + file_), 0)
-      << errors_.str();
-  std::istringstream lines(output_.str());
-  std::string list, line, description;
-  for (int app = 0; app < 5 && std::getline(lines, line); ++app) list += line + "\n";
-  EXPECT_NE(list.find("com.example.one | one | not running\n"), std::string::npos) << list;
-  EXPECT_NE(list.find("com.example.two | two | running\n"), std::string::npos) << list;
-
-  std::getline(lines, description);
-  const Json device = Json::parse(description)["device"];
-  EXPECT_EQ(device["screen"], Json::parse("[0,0,320,480]"));
-  EXPECT_EQ(device["orientation"], "PORTRAIT");
-  EXPECT_EQ(device["statusBarOrientation"], 1);
-  EXPECT_TRUE(Json::parse(std::ifstream(file_))["device"]["frontmost"].is_null());
-}
-
 TEST_F(ScriptRunnerTest, TheLogHasALineForEachEvent) {
   {
     EventLog log(file_);

@@ -290,12 +290,5 @@ TEST_F(SpringBoardTest, UnlocksAtTheEndOfTheSlider) {
   EXPECT_EQ(window("SBAwayWindow")->subviews().at(0)->frame(), CGRectMake(0, 0, 320, 480));
 }
 
-TEST_F(SpringBoardTest, TellsTheTimeOfTheRunLoop) {
-  EXPECT_EQ(clockText(0) + ", " + dateText(0), "9:41, Tuesday, January 9");
-  EXPECT_EQ(clockText(59.9), "9:41");
-  EXPECT_EQ(clockText(24 * 60), "10:05");
-  EXPECT_EQ(clockText(14.5 * 3600) + ", " + dateText(23 * 24 * 3600), "0:11, Thursday, February 1");
-}
-
 }  // namespace
 }  // namespace host::test

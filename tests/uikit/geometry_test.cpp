@@ -72,14 +72,4 @@ TEST(Convert, GoesThroughFramesBoundsAndTransforms) {
   }
 }
 
-TEST(Animation, EndsWithItsBlockAndBeginsWithItsView) {
-  std::shared_ptr<UIView> view;
-  const auto shown = [&] { return view->layer().presentationAt(RunLoop::main().now()).position; };
-  UIView::animateWithDuration(1, [&] { view = std::make_shared<UIView>(CGRect{{0, 0}, {20, 20}}); });
-  EXPECT_EQ(shown(), (CGPoint{10, 10})) << "a view made inside a block stands where it was made";
-  EXPECT_THROW(UIView::animateWithDuration(1, [] { throw std::runtime_error("no"); }), std::runtime_error);
-  view->setCenter({70, 50});
-  EXPECT_EQ(shown(), (CGPoint{70, 50})) << "a block that throws is closed all the same";
-}
-
 }  // namespace

@@ -53,21 +53,4 @@ TEST_F(SystemViews, AnAlertIsCentredModalAndDismissedByATap) {
   EXPECT_EQ(alerts, 2);
 }
 
-TEST_F(SystemViews, LabelsAreDrawnAgainOnlyForWhatShows) {
-  UILabel label({{0, 0}, {80, 20}});
-  label.setText("Clock");
-  const CGImageRef drawn = label.layer().displayIfNeeded(1);
-  ASSERT_TRUE(drawn);
-  auto drawnAgain = [&] { return label.layer().displayIfNeeded(1) != drawn; };
-  label.setFrame({{100, 50}, {80, 20}});
-  label.setTransform(CGAffineTransformMakeScale(2, 2));
-  label.setText("Clock");
-  label.setTextColor(UIColor::blackColor());
-  EXPECT_FALSE(drawnAgain());
-  label.setTextAlignment(UITextAlignment::Right);
-  EXPECT_TRUE(drawnAgain());
-  label.setText("");
-  EXPECT_EQ(label.layer().displayIfNeeded(1), nullptr);
-}
-
 }  // namespace
