@@ -54,7 +54,7 @@ class CardDragger : public UIView {
 
   Icons icons_;
   CGPoint startPoint_;
-  float lastPoint_ = 0;         ///< Carried; nothing depends on it.
+  [[maybe_unused]] float lastPoint_ = 0;  ///< Carried; nothing depends on it.
   std::int32_t lastIndex_ = 0;  ///< The icon last selected, or NSNotFound. Survives rebuilds and showings.
   std::int32_t draggableIcon_;  ///< The icon that last pulsed.
 };

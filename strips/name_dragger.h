@@ -47,8 +47,8 @@ class NameDragger : public UIView {
 
   Names names_;
   CGPoint startPoint_;
-  float lastPoint_ = 0;  ///< Carried; nothing depends on it.
-  float lastIndex_ = 0;  ///< The name last selected. Survives rebuilds and showings.
+  [[maybe_unused]] float lastPoint_ = 0;  ///< Carried; nothing depends on it.
+  float lastIndex_ = 0;                   ///< The name last selected. Survives rebuilds and showings.
 };
 
 }  // namespace vistrel
