@@ -1,5 +1,7 @@
 #include "host/application_bundle.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
@@ -81,6 +83,9 @@ ApplicationBundle::ApplicationBundle(std::string folder, const DeviceModel& mode
   name_ = stringValue(*info, "CFBundleDisplayName");
   if (name_.empty()) name_ = stringValue(*info, "CFBundleName");
   if (name_.empty()) name_ = std::filesystem::path(folder_).stem().string();
+  // A name is one line, wherever it is shown or listed.
+  std::ranges::replace_if(
+      name_, [](unsigned char character) { return std::iscntrl(character) != 0; }, ' ');
 
   iconFiles_ = stringValues(*info, "CFBundleIconFiles");
   if (const std::string single = stringValue(*info, "CFBundleIconFile"); !single.empty())
