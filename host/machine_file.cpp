@@ -16,9 +16,9 @@ Failure failureWithErrno(const std::filesystem::path& path) {
 
 }  // namespace
 
-MachineFile::MachineFile(std::filesystem::path path) : path_(std::move(path)) {
+MachineFile::MachineFile(std::filesystem::path path, Existing existing) : path_(std::move(path)) {
   errno = 0;
-  stream_.open(path_, std::ios::binary | std::ios::trunc);
+  stream_.open(path_, std::ios::binary | (existing == Existing::Emptied ? std::ios::trunc : std::ios::app));
   check();
 }
 

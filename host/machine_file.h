@@ -12,8 +12,11 @@ namespace host {
 /// would, relative to the working directory. Every failure throws Failure with the path and the cause.
 class MachineFile {
  public:
-  /// Makes the file, or empties the one that is there.
-  explicit MachineFile(std::filesystem::path path);
+  /// What becomes of a file that is there already; a kept one is written on at its end.
+  enum class Existing { Emptied, Kept };
+
+  /// Makes the file where there is none.
+  explicit MachineFile(std::filesystem::path path, Existing existing = Existing::Emptied);
 
   const std::filesystem::path& path() const { return path_; }
   void write(const NSData& data);

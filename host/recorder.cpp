@@ -5,6 +5,7 @@
 #include <exception>
 
 #include "host/failure.h"
+#include "host/machine_file.h"
 #include "platform/coregraphics/cg_context.h"
 #include "platform/uikit/display.h"
 
@@ -26,6 +27,8 @@ CGImageRef scaled(const CGImageRef& picture, CGFloat scale) {
 
 Recorder::Recorder(std::filesystem::path file, CGFloat scale, CFTimeInterval now)
     : file_(std::move(file)), scale_(scale), start_(now) {
+  MachineFile(file_,
+              MachineFile::Existing::Kept);  // Says now what would go wrong at the end, and spoils nothing.
   takePicture(now);
 }
 
@@ -38,7 +41,7 @@ void Recorder::finish(CFTimeInterval now) {
   takePicture(now);
   // The last picture stands as long as any other, or nobody would see it.
   const int end = milliseconds(now + 1.0 / framesPerSecond);
-  namingFile([&] { file_.write(animation_.finish(end)); });
+  namingFile([&] { MachineFile(file_).write(animation_.finish(end)); });
 }
 
 void Recorder::takePicture(CFTimeInterval now) {
@@ -51,7 +54,7 @@ void Recorder::namingFile(const std::function<void()>& work) const {
   } catch (const Failure&) {
     throw;
   } catch (const std::exception& error) {
-    throw Failure(file_.path().string() + ": " + error.what());
+    throw Failure(file_.string() + ": " + error.what());
   }
 }
 

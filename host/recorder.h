@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <functional>
 
-#include "host/machine_file.h"
 #include "host/webp_animation.h"
 #include "platform/foundation/run_loop.h"
 
@@ -32,7 +31,7 @@ class Recorder {
   void namingFile(const std::function<void()>& work) const;
   int milliseconds(CFTimeInterval time) const;
 
-  MachineFile file_;
+  std::filesystem::path file_;
   CGFloat scale_;
   CFTimeInterval start_;
   long frame_ = 1;  // The number of the next one.
