@@ -4,28 +4,13 @@
 #include "platform/uikit/ui_keyboard.h"
 
 namespace host {
-namespace {
-
-// Heights in points.
-constexpr CGFloat phoneHeight = 216, phoneLandscapeHeight = 162;
-constexpr CGFloat padHeight = 264, padLandscapeHeight = 352;
-constexpr CGFloat leastPadWidth = 768;
-
-CGFloat keyboardHeight(CGSize screen, UIInterfaceOrientation orientation) {
-  const bool isPad = screen.width >= leastPadWidth;
-  if (UIInterfaceOrientationIsLandscape(orientation))
-    return isPad ? padLandscapeHeight : phoneLandscapeHeight;
-  return isPad ? padHeight : phoneHeight;
-}
-
-}  // namespace
 
 void layOutKeyboard(CGSize screen, UIInterfaceOrientation orientation) {
   UIKeyboard* keyboard = UIPeripheralHost::sharedInstance().automaticKeyboard();
   UIWindow* window = keyboard ? keyboard->targetWindow() : nullptr;
   if (!window) return;
   const CGSize interface = interfaceSize(screen, orientation);
-  const CGFloat height = keyboardHeight(screen, orientation);
+  const CGFloat height = UIKeyboard::heightOn(screen, orientation);
   // From the middle of the screen to the middle of the keyboard.
   const CGAffineTransform upright = uprightTransform(orientation);
   const CGPoint offset = CGPointApplyAffineTransform({0, (interface.height - height) / 2}, upright);

@@ -8,8 +8,8 @@
 namespace {
 
 // Points, and parts of a key's column: ten columns make a keyboard.
-constexpr CGFloat phoneHeight = 216;
-constexpr CGFloat padHeight = 264;
+constexpr CGFloat phoneHeight = 216, phoneLandscapeHeight = 162;
+constexpr CGFloat padHeight = 264, padLandscapeHeight = 352;
 constexpr CGFloat leastPadWidth = 768;
 constexpr int columns = 10;
 constexpr int rows = 4;
@@ -104,6 +104,13 @@ void drawDelete(CGContext& context, CGRect key) {
 
 bool UIKeyboard::isOnScreen() { return UIPeripheralHost::sharedInstance().automaticKeyboard() != nullptr; }
 
+CGFloat UIKeyboard::heightOn(CGSize screen, UIInterfaceOrientation orientation) {
+  const bool isPad = screen.width >= leastPadWidth;
+  if (UIInterfaceOrientationIsLandscape(orientation))
+    return isPad ? padLandscapeHeight : phoneLandscapeHeight;
+  return isPad ? padHeight : phoneHeight;
+}
+
 void UIKeyboard::drawLayer(CGContext& context) const {
   const CGSize board = bounds().size;
   context.fillGradient(bounds(), backTop, backBottom);
@@ -128,7 +135,7 @@ UIPeripheralHost& UIPeripheralHost::sharedInstance() {
 void UIPeripheralHost::showKeyboard() {
   if (keyboard_) return;
   const CGSize screen = UIScreen::mainScreen().bounds().size;
-  const CGFloat height = screen.width < leastPadWidth ? phoneHeight : padHeight;
+  const CGFloat height = UIKeyboard::heightOn(screen, UIInterfaceOrientation::Portrait);
   window_ = std::make_shared<UIWindow>(CGRect{{0, screen.height - height}, {screen.width, height}});
   window_->setWindowLevel(UIKeyboardWindowLevel);
   keyboard_ = std::make_shared<UIKeyboard>(window_->bounds());

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "platform/uikit/ui_orientation.h"
 #include "platform/uikit/ui_window.h"
 
 /// The level of the keyboard's window: over applications, under the status bar.
@@ -15,6 +16,9 @@ class UIKeyboard : public UIView {
 
   /// Class method "isOnScreen", `bool()`.
   static bool isOnScreen();
+
+  /// Its height in points at the lower edge of an interface that stands so on a screen of this portrait size.
+  static CGFloat heightOn(CGSize screen, UIInterfaceOrientation orientation);
 
   /// The window that the keyboard types for lies under; the keyboard's own.
   UIWindow* targetWindow() const { return window(); }
@@ -31,7 +35,8 @@ class UIPeripheralHost : public NSObject {
 
   /// The keyboard that comes up by itself; null while none is on screen.
   UIKeyboard* automaticKeyboard() const { return keyboard_.get(); }
-  /// For the host. Showing twice, or hiding what is not shown, changes nothing.
+  /// For the host. It comes up for a portrait interface. Showing twice, or hiding what is not shown, changes
+  /// nothing.
   void showKeyboard();
   void hideKeyboard();
 
