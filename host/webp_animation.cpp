@@ -3,7 +3,6 @@
 #include <webp/encode.h>
 #include <webp/mux.h>
 
-#include <cstring>
 #include <stdexcept>
 #include <string>
 
@@ -45,14 +44,6 @@ class EncoderPicture {
   WebPPicture picture_;
 };
 
-bool samePicture(const CGImage& one, const CGImage& other) {
-  const std::size_t rowBytes = std::size_t(one.width()) * one.format().bytesPerPixel();
-  for (int y = 0; y < one.height(); ++y) {
-    if (std::memcmp(one.row(y), other.row(y), rowBytes) != 0) return false;
-  }
-  return true;
-}
-
 }  // namespace
 
 WebpAnimation::WebpAnimation() = default;
@@ -65,7 +56,7 @@ void WebpAnimation::EncoderDeleter::operator()(WebPAnimEncoder* encoder) const {
 void WebpAnimation::show(CGImageRef picture, int milliseconds) {
   picture = CGImage::inScreenFormat(picture);
   if (current_ && milliseconds > currentSince_) {
-    if (milliseconds - currentSince_ < longestPicture && samePicture(*current_, *picture)) return;
+    if (milliseconds - currentSince_ < longestPicture && CGImage::samePixels(*current_, *picture)) return;
     encodeCurrent();
   }
   current_ = std::move(picture);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <utility>
 
 #include "platform/coregraphics/pixel_format.h"
@@ -88,6 +89,16 @@ CGImageRef CGImage::inScreenFormat(const CGImageRef& self) {
                   self->width_);
   }
   return create(self->width_, self->height_, screen, bytesPerRow, std::move(pixels));
+}
+
+bool CGImage::samePixels(const CGImage& one, const CGImage& other) {
+  if (one.width_ != other.width_ || one.height_ != other.height_ || one.format_ != other.format_)
+    return false;
+  const std::size_t rowBytes = std::size_t(one.width_) * one.format_.bytesPerPixel();
+  for (int y = 0; y < one.height_; ++y) {
+    if (std::memcmp(one.row(y), other.row(y), rowBytes) != 0) return false;
+  }
+  return true;
 }
 
 CGImageRef CGImageCreateWithImageInRect(const CGImageRef& image, CGRect rect) {

@@ -56,6 +56,9 @@ class CGImage {
   /// The same pixels as a 32-bit picture in screen layout; `self` when it is one already.
   static CGImageRef inScreenFormat(const CGImageRef& self);
 
+  /// Whether both have the same size, format and pixels.
+  static bool samePixels(const CGImage& one, const CGImage& other);
+
   friend CGImageRef CGImageCreateWithImageInRect(const CGImageRef& image, CGRect rect);
 
  private:

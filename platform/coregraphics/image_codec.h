@@ -8,6 +8,12 @@
 /// orientation (1 to 8) goes to `*exifOrientation` when one is given; 1 where there is none.
 CGImageRef decodeImage(const NSData& data, int* exifOrientation = nullptr);
 
-/// `quality` 0 to 1; at 1 the colours are not subsampled. Alpha is composed onto black. Empty for no picture.
-NSData encodeJpeg(const CGImageRef& image, CGFloat quality);
+enum class ChromaSubsampling {
+  BelowBest,  ///< Colours at half the resolution, unless the quality is 1.
+  Never,
+};
+
+/// `quality` 0 to 1. Alpha is composed onto black. Empty for no picture.
+NSData encodeJpeg(const CGImageRef& image, CGFloat quality,
+                  ChromaSubsampling subsampling = ChromaSubsampling::BelowBest);
 NSData encodePng(const CGImageRef& image);

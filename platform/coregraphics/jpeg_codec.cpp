@@ -231,13 +231,14 @@ CGImageRef decodeJpeg(const NSData& data, int& orientation) {
                          std::move(pixels));
 }
 
-NSData encodeJpeg(const CGImageRef& image, CGFloat quality) {
+NSData encodeJpeg(const CGImageRef& image, CGFloat quality, ChromaSubsampling subsampling) {
   if (!image) return {};
   const bool gray = image->format().colorSpace == CGColorSpace::DeviceGray;
   const CGImageRef source = gray ? image : CGImage::inScreenFormat(image);
   const CGFloat clamped = quality > 0 ? std::min(quality, CGFloat(1)) : 0;
+  const bool subsampled = subsampling == ChromaSubsampling::BelowBest && clamped < 1;
   NSData encoded;
   // Premultiplied colours are their own composition onto black.
-  if (!Compressor(encoded).write(*source, int(std::lround(clamped * 100)), clamped < 1)) return {};
+  if (!Compressor(encoded).write(*source, int(std::lround(clamped * 100)), subsampled)) return {};
   return encoded;
 }

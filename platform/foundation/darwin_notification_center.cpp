@@ -18,6 +18,10 @@ void CFDarwinNotificationCenter::addObserver(void* observer, CFNotificationCallb
   if (!known) registrations_.push_back({observer, callback, std::string(name), behavior});
 }
 
+void CFDarwinNotificationCenter::removeEveryObserver(void* observer) {
+  std::erase_if(registrations_, [=](const Registration& each) { return each.observer == observer; });
+}
+
 void CFDarwinNotificationCenter::post(std::string_view name) {
   RunLoop& loop = RunLoop::main();
   loop.schedule(loop.now(), [this, name = std::string(name)] { deliver(name); });
@@ -41,6 +45,10 @@ void CFNotificationCenterAddObserver(CFDarwinNotificationCenter& center, void* o
                                      CFNotificationCallback callback, std::string_view name,
                                      CFNotificationSuspensionBehavior behavior) {
   center.addObserver(observer, callback, name, behavior);
+}
+
+void CFNotificationCenterRemoveEveryObserver(CFDarwinNotificationCenter& center, void* observer) {
+  center.removeEveryObserver(observer);
 }
 
 void CFNotificationCenterPostNotification(CFDarwinNotificationCenter& center, std::string_view name) {

@@ -15,6 +15,9 @@ class CFDarwinNotificationCenter {
   void addObserver(void* observer, CFNotificationCallback callback, std::string_view name,
                    CFNotificationSuspensionBehavior behavior);
 
+  /// Ends all registrations of an observer.
+  void removeEveryObserver(void* observer);
+
   /// Delivers at the run loop's next turn, then traces "notification" {name, delivered}, where delivered is
   /// the number of callbacks reached.
   void post(std::string_view name);
@@ -35,4 +38,5 @@ CFDarwinNotificationCenter& CFNotificationCenterGetDarwinNotifyCenter();
 void CFNotificationCenterAddObserver(CFDarwinNotificationCenter& center, void* observer,
                                      CFNotificationCallback callback, std::string_view name,
                                      CFNotificationSuspensionBehavior behavior);
+void CFNotificationCenterRemoveEveryObserver(CFDarwinNotificationCenter& center, void* observer);
 void CFNotificationCenterPostNotification(CFDarwinNotificationCenter& center, std::string_view name);

@@ -11,10 +11,10 @@ class CAGradientLayer : public CALayer {
   static std::shared_ptr<CAGradientLayer> layer() { return std::make_shared<CAGradientLayer>(); }
 
   const std::vector<CGColor>& colors() const { return colors_; }
-  void setColors(std::vector<CGColor> colors) { colors_ = std::move(colors); }
+  void setColors(std::vector<CGColor> colors) { assign(colors_, std::move(colors)); }
   /// One a colour, ascending; where there are none the colours are spread evenly.
   const std::vector<CGFloat>& locations() const { return locations_; }
-  void setLocations(std::vector<CGFloat> locations) { locations_ = std::move(locations); }
+  void setLocations(std::vector<CGFloat> locations) { assign(locations_, std::move(locations)); }
 
  private:
   std::vector<CGColor> colors_;

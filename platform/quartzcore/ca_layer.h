@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -74,35 +75,37 @@ class CALayer : public NSObject {
   CGFloat opacity() const { return model_.opacity; }  ///< 0 to 1; sublayers are multiplied by it.
   void setOpacity(CGFloat opacity);
   bool hidden() const { return hidden_; }
-  void setHidden(bool hidden) { hidden_ = hidden; }
+  void setHidden(bool hidden) { assign(hidden_, hidden); }
   const std::optional<CGColor>& backgroundColor() const { return backgroundColor_; }
-  void setBackgroundColor(std::optional<CGColor> color) { backgroundColor_ = color; }
+  void setBackgroundColor(std::optional<CGColor> color) { assign(backgroundColor_, color); }
   const std::optional<CAPattern>& backgroundPattern() const { return backgroundPattern_; }
-  void setBackgroundPattern(std::optional<CAPattern> pattern) { backgroundPattern_ = std::move(pattern); }
+  void setBackgroundPattern(std::optional<CAPattern> pattern) {
+    assign(backgroundPattern_, std::move(pattern));
+  }
   CGFloat cornerRadius() const { return cornerRadius_; }
-  void setCornerRadius(CGFloat radius) { cornerRadius_ = radius; }
+  void setCornerRadius(CGFloat radius) { assign(cornerRadius_, radius); }
   bool masksToBounds() const { return masksToBounds_; }
-  void setMasksToBounds(bool masks) { masksToBounds_ = masks; }
+  void setMasksToBounds(bool masks) { assign(masksToBounds_, masks); }
   /// A picture stretched over the bounds; null for none.
   const CGImageRef& contents() const { return contents_; }
-  void setContents(CGImageRef contents) { contents_ = std::move(contents); }
+  void setContents(CGImageRef contents) { assign(contents_, std::move(contents)); }
   const CAFilterArray& filters() const { return filters_; }
-  void setFilters(CAFilterArray filters) { filters_ = std::move(filters); }
+  void setFilters(CAFilterArray filters) { assign(filters_, std::move(filters)); }
   bool shouldRasterize() const { return shouldRasterize_; }  ///< A hint to cache; the picture is the same.
   void setShouldRasterize(bool rasterize) { shouldRasterize_ = rasterize; }
 
   // Shadow: of the shadow path, or of the bounds where there is none; masked where the layer masks to its
   // bounds.
   CGColor shadowColor() const { return shadowColor_; }
-  void setShadowColor(CGColor color) { shadowColor_ = color; }
+  void setShadowColor(CGColor color) { assign(shadowColor_, color); }
   CGFloat shadowOpacity() const { return shadowOpacity_; }
-  void setShadowOpacity(CGFloat opacity) { shadowOpacity_ = opacity; }
+  void setShadowOpacity(CGFloat opacity) { assign(shadowOpacity_, opacity); }
   CGSize shadowOffset() const { return shadowOffset_; }
-  void setShadowOffset(CGSize offset) { shadowOffset_ = offset; }
+  void setShadowOffset(CGSize offset) { assign(shadowOffset_, offset); }
   CGFloat shadowRadius() const { return shadowRadius_; }  ///< Standard deviation of its blur, in points.
-  void setShadowRadius(CGFloat radius) { shadowRadius_ = radius; }
+  void setShadowRadius(CGFloat radius) { assign(shadowRadius_, radius); }
   const std::optional<CGPath>& shadowPath() const { return shadowPath_; }
-  void setShadowPath(std::optional<CGPath> path) { shadowPath_ = path; }
+  void setShadowPath(std::optional<CGPath> path) { assign(shadowPath_, path); }
 
   // Tree, back to front. A superlayer owns its sublayers.
   const std::vector<std::shared_ptr<CALayer>>& sublayers() const { return sublayers_; }
@@ -116,7 +119,7 @@ class CALayer : public NSObject {
   CALayerDelegate* delegate() const { return delegate_; }
   void setDelegate(CALayerDelegate* delegate) { delegate_ = delegate; }
   /// Has the delegate's content drawn afresh before the next frame.
-  void setNeedsDisplay() { needsDisplay_ = true; }
+  void setNeedsDisplay() { assign(needsDisplay_, true); }
   /// The delegate's content as last drawn, at `scale` pixels a point; drawn now if it is out of date. Null
   /// when there is none.
   const CGImageRef& displayIfNeeded(CGFloat scale) const;
@@ -126,6 +129,21 @@ class CALayer : public NSObject {
 
   /// Called by the block that owns them: ends the animations of `block`.
   void endAnimationsOf(const CAAnimationBlock& block);
+
+  /// Grows with every change of any layer that a frame could show. While it stays, and no layer animates, so
+  /// does the screen.
+  static std::uint64_t changeCount() { return changeCount_; }
+  /// For what changes the screen beside the layers, as the order of windows does.
+  static void noteChange() { ++changeCount_; }
+  /// True while any layer has an animation under way.
+  static bool anyIsAnimating() { return animationCount_ > 0; }
+
+ protected:
+  template <class T>
+  void assign(T& property, T value) {
+    property = std::move(value);
+    noteChange();
+  }
 
  private:
   enum class Key { Position, Bounds, Transform, Opacity };
@@ -144,6 +162,10 @@ class CALayer : public NSObject {
   template <class T>
   void change(Key key, T CALayerGeometry::*field, const T& value);
   void removeAnimation(Key key);
+
+  // Of all layers. Not inline: libraries that are loaded later must not get counts of their own.
+  static std::uint64_t changeCount_;
+  static std::size_t animationCount_;
 
   CALayerGeometry model_;
   std::vector<Animation> animations_;  // At most one a key.

@@ -27,6 +27,7 @@ void moveToFrontOfLevel(UIWindow& window) {
     return other->windowLevel() > window.windowLevel();
   });
   windows.insert(nextLevel, &window);
+  CALayer::noteChange();
 }
 
 }  // namespace
@@ -39,6 +40,7 @@ UIWindow::UIWindow(CGRect frame) : UIView(frame) {
 UIWindow::~UIWindow() {
   std::erase(windowOrder(), this);
   std::erase(keyOrder(), this);
+  CALayer::noteChange();
 }
 
 void UIWindow::setWindowLevel(CGFloat level) {
