@@ -46,9 +46,10 @@ class AwayController : public SBAwayController {
   bool busy() const { return isSliding_; }
   void settle();  ///< Ends the lock screen's way off the screen at once.
 
+  void updateTime();  ///< On the lock screen and in the status bar.
+
  private:
   void showView();
-  void updateTime();
 
   DeviceModel model_;
   UIController& uiController_;

@@ -9,7 +9,6 @@
 #include "platform/uikit/ui_window.h"
 
 namespace host {
-namespace {
 
 Json describeDevice(const SpringBoard& springBoard) {
   const UIScreen& screen = UIScreen::mainScreen();
@@ -23,8 +22,6 @@ Json describeDevice(const SpringBoard& springBoard) {
           {"recents", springBoard.recents()},
           {"keyboard", UIKeyboard::isOnScreen()}};
 }
-
-}  // namespace
 
 Json describeAlerts() {
   Json alerts = Json::array();

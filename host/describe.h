@@ -19,6 +19,9 @@ Json describeView(const UIView& view, Values values);
 Json describeAlerts();
 Json describeWindows(Values values);
 
+/// How the device is held and what it is doing.
+Json describeDevice(const SpringBoard& springBoard);
+
 /// The whole device: time, state, alerts, windows.
 Json describe(const SpringBoard& springBoard, Values values);
 

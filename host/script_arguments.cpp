@@ -54,6 +54,17 @@ CFTimeInterval ScriptArguments::durationOr(CFTimeInterval otherwise) const {
   return text ? checkedSeconds(*text, "duration") : otherwise;
 }
 
+int ScriptArguments::wholeOr(std::string_view option, std::string_view what, int otherwise,
+                             int largest) const {
+  auto text = optionValue(option);
+  if (!text) return otherwise;
+  const auto value = number<double>(*text, what);
+  if (value < 0 || value > largest || value != std::floor(value)) {
+    fail(fmt::format("{} must be a whole number from 0 to {}", what, largest));
+  }
+  return int(value);
+}
+
 CGFloat ScriptArguments::positiveOr(std::string_view option, std::string_view what, CGFloat otherwise) const {
   auto text = optionValue(option);
   if (!text) return otherwise;

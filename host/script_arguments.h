@@ -50,6 +50,8 @@ class ScriptArguments {
 
   bool hasOption(std::string_view name) const { return optionValue(name).has_value(); }
   CFTimeInterval durationOr(CFTimeInterval otherwise) const;  ///< Of --duration.
+  /// Whole, from 0 to `largest`.
+  int wholeOr(std::string_view option, std::string_view what, int otherwise, int largest) const;
   CGFloat positiveOr(std::string_view option, std::string_view what, CGFloat otherwise) const;
 
   [[noreturn]] void fail(const std::string& cause) const;

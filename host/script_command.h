@@ -36,10 +36,12 @@ struct SwipeCommand {
   CFTimeInterval duration = 0.3;
   CGFloat delta = 10;  ///< Points from one move to the next.
 };
-enum class TouchAction { Down, Move, Up };
+inline constexpr int mostFingers = 10;
+enum class TouchAction { Down, Move, Up, Cancel };
 struct TouchCommand {
   TouchAction action;
-  CGPoint point;
+  CGPoint point;   ///< Of a cancelled finger it does not matter.
+  int finger = 0;  ///< Below mostFingers.
 };
 
 struct RotateCommand {

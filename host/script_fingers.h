@@ -5,17 +5,17 @@
 
 namespace host {
 
-/// The one finger of a script. It can land only on the screen, and keeps its place until it moves or lifts.
-/// What it cannot do throws Failure or IncoherentTouch.
-class ScriptFinger {
+/// The fingers of a script, which keep their places until they move or lift. What they cannot do throws
+/// Failure or IncoherentTouch.
+class ScriptFingers {
  public:
-  explicit ScriptFinger(ScriptTime& time) : time_(time) {}
+  explicit ScriptFingers(ScriptTime& time) : time_(time) {}
 
-  void touch(TouchAction action, CGPoint point);
+  void touch(const TouchCommand& command);
   void tap(const TapCommand& tap);
   void swipe(const SwipeCommand& swipe);
-  /// Takes a finger that is still down away, as the system does when it stops listening.
-  void cancel();
+  /// Takes those that are still down away, as the system does when it stops listening.
+  void cancelAll();
 
  private:
   ScriptTime& time_;  // Of the script, which owns both.

@@ -35,10 +35,12 @@ ScriptCommand parseSwipe(const Arguments& arguments) {
 }
 
 ScriptCommand parseTouch(const Arguments& arguments) {
-  static constexpr std::pair<std::string_view, TouchAction> actions[] = {
-      {"down", TouchAction::Down}, {"move", TouchAction::Move}, {"up", TouchAction::Up}};
-  const TouchAction action = arguments.choice(0, actions);
-  return TouchCommand{action, arguments.point(1, "X", "Y")};
+  static constexpr std::pair<std::string_view, TouchAction> actions[] = {{"down", TouchAction::Down},
+                                                                         {"move", TouchAction::Move},
+                                                                         {"up", TouchAction::Up},
+                                                                         {"cancel", TouchAction::Cancel}};
+  return TouchCommand{arguments.choice(0, actions), arguments.point(1, "X", "Y"),
+                      arguments.wholeOr("--finger", "finger", 0, mostFingers - 1)};
 }
 
 ScriptCommand parseRotate(const Arguments& arguments) {
@@ -101,7 +103,7 @@ const std::vector<Verb>& verbs() {
         4,
         {{"--duration", true}, {"--delta", true}}},
        parseSwipe},
-      {{"touch", "touch down|move|up X Y", 3, 3}, parseTouch},
+      {{"touch", "touch down|move|up|cancel X Y [--finger N]", 3, 3, {{"--finger", true}}}, parseTouch},
       {{"rotate", "rotate PORTRAIT|PORTRAIT_UPSIDE_DOWN|LANDSCAPE_LEFT|LANDSCAPE_RIGHT|FACE_UP|FACE_DOWN", 1,
         1},
        parseRotate},
@@ -132,10 +134,13 @@ const std::vector<Verb>& verbs() {
 std::optional<ScriptCommand> parseScriptLine(std::string_view line) {
   const std::vector<ScriptWord> words = splitScriptLine(line);
   if (words.empty()) return std::nullopt;
-  auto verb =
-      std::ranges::find(verbs(), words.front().text, [](const Verb& each) { return each.syntax.verb; });
-  if (verb == verbs().end()) throw BadScriptLine(fmt::format("unknown verb \"{}\"", words.front().text));
-  return verb->parse(ScriptArguments(verb->syntax, std::span(words).subspan(1)));
+  return parseScriptVerb(words.front().text, std::span(words).subspan(1));
+}
+
+ScriptCommand parseScriptVerb(std::string_view verb, std::span<const ScriptWord> arguments) {
+  auto known = std::ranges::find(verbs(), verb, [](const Verb& each) { return each.syntax.verb; });
+  if (known == verbs().end()) throw BadScriptLine(fmt::format("unknown verb \"{}\"", verb));
+  return known->parse(ScriptArguments(known->syntax, arguments));
 }
 
 std::vector<std::string_view> scriptVerbUsages() {

@@ -3,12 +3,10 @@
 #include <fmt/format.h>
 
 #include "host/describe.h"
+#include "host/device_commands.h"
 #include "host/failure.h"
 #include "host/machine_file.h"
-#include "platform/activator/activator.h"
 #include "platform/coregraphics/image_codec.h"
-#include "platform/foundation/darwin_notification_center.h"
-#include "platform/foundation/trace.h"
 #include "platform/uikit/display.h"
 
 namespace host {
@@ -26,7 +24,7 @@ void ScriptVerbs::perform(const ScriptCommand& command) {
 }
 
 void ScriptVerbs::drain() {
-  finger_.cancel();
+  fingers_.cancelAll();
   time_.advanceWhile([] { return true; }, longestDraining);
 }
 
@@ -34,73 +32,18 @@ void ScriptVerbs::finishRecording() {
   if (time_.recording()) time_.stopRecording();
 }
 
-void ScriptVerbs::run(const LaunchCommand& command) {
-  springBoard_.launch(command.bundle);
-  settle();
-}
+void ScriptVerbs::run(const LaunchCommand& command) { performAndSettle(command); }
+void ScriptVerbs::run(const TerminateCommand& command) { performAndSettle(command); }
+void ScriptVerbs::run(const ButtonCommand& command) { performAndSettle(command); }
+void ScriptVerbs::run(const UnlockCommand& command) { performAndSettle(command); }
+void ScriptVerbs::run(const RotateCommand& command) { host::perform(springBoard_, command); }
+void ScriptVerbs::run(const KeyboardCommand& command) { host::perform(springBoard_, command); }
+void ScriptVerbs::run(const ActivatorCommand& command) { host::perform(springBoard_, command); }
+void ScriptVerbs::run(const NotifyPostCommand& command) { host::perform(springBoard_, command); }
 
-void ScriptVerbs::run(const TerminateCommand& command) {
-  springBoard_.terminate(command.bundle);
-  settle();
-}
-
-void ScriptVerbs::run(const ButtonCommand& command) {
-  switch (command.button) {
-    case Button::Home:
-      springBoard_.pressHome();
-      break;
-    case Button::Lock:
-      springBoard_.pressLock();
-      break;
-  }
-  settle();
-}
-
-void ScriptVerbs::run(const UnlockCommand&) {
-  springBoard_.unlock();
-  settle();
-}
-
-void ScriptVerbs::run(const TapCommand& command) { finger_.tap(command); }
-
-void ScriptVerbs::run(const SwipeCommand& command) { finger_.swipe(command); }
-
-void ScriptVerbs::run(const TouchCommand& command) { finger_.touch(command.action, command.point); }
-
-void ScriptVerbs::run(const RotateCommand& command) { springBoard_.rotate(command.orientation); }
-
-void ScriptVerbs::run(const KeyboardCommand& command) {
-  if (command.show) {
-    springBoard_.showKeyboard();
-  } else {
-    springBoard_.hideKeyboard();
-  }
-}
-
-void ScriptVerbs::run(const ActivatorCommand& command) {
-  LAActivator& activator = LAActivator::sharedInstance();
-  auto event = std::make_shared<LAEvent>();
-  std::string kind;
-  switch (command.kind) {
-    case ActivatorEventKind::Receive:
-      kind = "receive";
-      activator.sendEvent(*event);
-      break;
-    case ActivatorEventKind::Abort:
-      kind = "abort";
-      activator.sendAbort(*event);
-      break;
-    case ActivatorEventKind::Deactivate:
-      kind = "deactivate";
-      activator.sendDeactivateEvent(*event);
-      break;
-  }
-  trace("activator-event", {{"kind", kind}, {"handled", event->handled()}});
-}
-
-void ScriptVerbs::run(const NotifyPostCommand& command) {
-  CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(), command.name);
-}
+void ScriptVerbs::run(const TapCommand& command) { fingers_.tap(command); }
+void ScriptVerbs::run(const SwipeCommand& command) { fingers_.swipe(command); }
+void ScriptVerbs::run(const TouchCommand& command) { fingers_.touch(command); }
 
 void ScriptVerbs::run(const WaitCommand& command) { time_.advanceBy(command.seconds); }
 
@@ -130,7 +73,9 @@ void ScriptVerbs::run(const ListAppsCommand&) {
   }
 }
 
-void ScriptVerbs::settle() {
+template <class Command>
+void ScriptVerbs::performAndSettle(const Command& command) {
+  host::perform(springBoard_, command);
   time_.advanceWhile([this] { return springBoard_.busy(); }, longestSettling);
   if (springBoard_.busy()) throw Failure(fmt::format("still under way after {} s", longestSettling));
 }

@@ -3,7 +3,7 @@
 #include <ostream>
 
 #include "host/script_command.h"
-#include "host/script_finger.h"
+#include "host/script_fingers.h"
 #include "host/script_time.h"
 #include "host/spring_board.h"
 
@@ -28,13 +28,13 @@ class ScriptVerbs {
   void run(const TerminateCommand& command);
   void run(const ButtonCommand& command);
   void run(const UnlockCommand& command);
-  void run(const TapCommand& command);
-  void run(const SwipeCommand& command);
-  void run(const TouchCommand& command);
   void run(const RotateCommand& command);
   void run(const KeyboardCommand& command);
   void run(const ActivatorCommand& command);
   void run(const NotifyPostCommand& command);
+  void run(const TapCommand& command);
+  void run(const SwipeCommand& command);
+  void run(const TouchCommand& command);
   void run(const WaitCommand& command);
   void run(const ScreenshotCommand& command);
   void run(const RecordVideoCommand& command);
@@ -42,14 +42,15 @@ class ScriptVerbs {
   void run(const DescribeAllCommand& command);
   void run(const ListAppsCommand& command);
 
-  /// Lets time pass until the request just made has been met.
-  void settle();
+  /// For what takes time: lets it pass until the request has been met.
+  template <class Command>
+  void performAndSettle(const Command& command);
   void print(const std::string& text);
 
   SpringBoard& springBoard_;
   std::ostream& output_;
   ScriptTime time_;
-  ScriptFinger finger_{time_};
+  ScriptFingers fingers_{time_};
 };
 
 }  // namespace host

@@ -172,4 +172,11 @@ std::vector<AppListing> SpringBoard::applications() const {
   return result;
 }
 
+std::shared_ptr<UIImage> SpringBoard::icon(const std::string& bundle) const {
+  Application* application = state_->catalogue->find(bundle);
+  return application ? application->icon() : nullptr;
+}
+
+void SpringBoard::updateClocks() { state_->awayController->updateTime(); }
+
 }  // namespace host

@@ -9,6 +9,7 @@
 
 #include "host/device_model.h"
 #include "platform/foundation/ns_array.h"
+#include "platform/uikit/ui_image.h"
 #include "platform/uikit/ui_orientation.h"
 
 namespace host {
@@ -65,6 +66,11 @@ class SpringBoard {
   std::optional<std::string> frontmost() const;  ///< Bundle identifier; nothing on the home screen.
   const NSStringArray& recents() const;          ///< Bundle identifiers, most recent first.
   std::vector<AppListing> applications() const;  ///< In order of their bundle identifiers.
+  /// Its picture on the home screen; null for an unknown bundle.
+  std::shared_ptr<UIImage> icon(const std::string& bundle) const;
+
+  /// The clocks on screen show the time of the last request; this has them show the time that it is.
+  void updateClocks();
 
  private:
   class State;

@@ -21,7 +21,7 @@ struct Spelling {
     return fmt::format("swipe {},{} {},{} {} {}", c.from.x, c.from.y, c.to.x, c.to.y, c.duration, c.delta);
   }
   std::string operator()(const TouchCommand& c) {
-    return fmt::format("touch {} {},{}", int(c.action), c.point.x, c.point.y);
+    return fmt::format("touch {} {},{} {}", int(c.action), c.point.x, c.point.y, c.finger);
   }
   std::string operator()(const RotateCommand& c) { return fmt::format("rotate {}", nameOf(c.orientation)); }
   std::string operator()(const KeyboardCommand& c) { return c.show ? "show" : "hide"; }
@@ -55,8 +55,9 @@ TEST(ScriptParser, UnderstandsEveryVerb) {
       {"tap --duration 1.5 10 20", "tap 10,20 1.5"},
       {"swipe 319 240 100 240", "swipe 319,240 100,240 0.3 10"},
       {"swipe 1 2 -3 4e1 --delta 0.5 --duration 0", "swipe 1,2 -3,40 0 0.5"},
-      {"touch down 1 2", "touch 0 1,2"},
-      {"touch up -1 .5", "touch 2 -1,0.5"},
+      {"touch down 1 2", "touch 0 1,2 0"},
+      {"touch up -1 .5", "touch 2 -1,0.5 0"},
+      {"touch cancel 1 2 --finger 9", "touch 3 1,2 9"},
       {"rotate LANDSCAPE_RIGHT", "rotate LANDSCAPE_RIGHT"},
       {"keyboard show", "show"},
       {"keyboard hide", "hide"},
@@ -103,7 +104,9 @@ TEST(ScriptParser, SaysWhatIsWrongWithALine) {
       {"tap 1 2 --delta 1", "tap: unknown option \"--delta\"; usage: tap X Y [--duration S]"},
       {"swipe 1 2 3 4 --delta 0", "swipe: delta must be above 0"},
       {"swipe 0 0 1e30 0", "swipe: more than 100000 moves from end to end"},
-      {"touch tap 1 2", "touch: unknown word \"tap\"; usage: touch down|move|up X Y"},
+      {"touch down 1 2 --finger 10", "touch: finger must be a whole number from 0 to 9"},
+      {"touch down 1 2 --finger 0.5", "touch: finger must be a whole number from 0 to 9"},
+      {"touch tap 1 2", "touch: unknown word \"tap\"; usage: touch down|move|up|cancel X Y [--finger N]"},
       {"wait -0.1", "wait: seconds must not be negative"},
       {"wait 86401", "wait: seconds must not exceed 86400"},
       {"record-video a.webp --scale 1.5", "record-video: scale must not exceed 1"},

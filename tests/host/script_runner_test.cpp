@@ -70,6 +70,7 @@ TEST_F(ScriptRunnerTest, FingersMoveAsTheScriptSays) {
       {"touch down 1 2\nwait 0.25\ntouch move 400 2\ntouch up 400 3",
        "down 1,2 0; move 400,2 0.25; up 400,3 0.25; "},
       {"touch down 1 2\nwait 0.5", "down 1,2 0; cancel 1,2 0.5; "},
+      {"touch down 1 2 --finger 4\ntouch cancel 9 9 --finger 4", "down 1,2 0; cancel 1,2 0; "},
   };
   for (auto& [script, touches] : cases) {
     auto window = std::make_shared<FingerWindow>(CGRectMake(0, 0, 321, 480));
