@@ -13,7 +13,8 @@ namespace host {
 Json describeDevice(const SpringBoard& springBoard) {
   const UIScreen& screen = UIScreen::mainScreen();
   const auto frontmost = springBoard.frontmost();
-  return {{"screen", jsonRect(screen.bounds())},
+  return {{"model", springBoard.model().name},
+          {"screen", jsonRect(screen.bounds())},
           {"scale", jsonNumber(screen.scale())},
           {"orientation", nameOf(UIDevice::currentDevice().orientation())},
           {"statusBarOrientation", int(UIApplication::sharedApplication().statusBarOrientation())},

@@ -18,7 +18,8 @@ Json jsonValue(const TraceValue& value) {
 
 }  // namespace
 
-EventLog::EventLog(std::filesystem::path path) : file_(std::move(path)) {
+EventLog::EventLog(std::filesystem::path path, MachineFile::Existing existing)
+    : file_(std::move(path), existing) {
   setTraceSink([this](std::string_view event, const TraceFields& fields) { write(event, fields); });
 }
 

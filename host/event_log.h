@@ -15,7 +15,8 @@ namespace host {
 class EventLog {
  public:
   /// Throws Failure when the file cannot be made.
-  explicit EventLog(std::filesystem::path path);
+  explicit EventLog(std::filesystem::path path,
+                    MachineFile::Existing existing = MachineFile::Existing::Emptied);
   EventLog(const EventLog&) = delete;
   EventLog& operator=(const EventLog&) = delete;
   ~EventLog();

@@ -13,7 +13,10 @@
 #include "host/machine_file.h"
 #include "host/options.h"
 #include "host/script_runner.h"
+#include "host/settings/preference_panes.h"
 #include "host/spring_board.h"
+#include "host/web/device_server.h"
+#include "host/web/respring.h"
 
 namespace {
 
@@ -35,11 +38,35 @@ class Script {
   std::ifstream file_;  // Never opened where there is no script: a stream without lines.
 };
 
-/// The warnings that have come since the last call, which had seen `seen` of them.
-void printNewWarnings(const host::SpringBoard& springBoard, std::size_t& seen) {
-  for (; seen < springBoard.warnings().size(); ++seen)
-    std::cerr << "springboard: " << springBoard.warnings()[seen] << std::endl;
-}
+void complain(const std::string& cause) { std::cerr << "springboard: " << cause << std::endl; }
+
+/// A device that has booted, and what is said of it on the way.
+class Device {
+ public:
+  Device(const host::Options& options, host::MachineFile::Existing log) {
+    if (options.seed) std::srand(*options.seed);
+    if (options.log) log_.emplace(*options.log, log);  // The log sees the boot.
+    springBoard_.emplace(options.boot);
+    printWarnings();
+  }
+
+  host::SpringBoard& springBoard() { return *springBoard_; }
+
+  /// To be called when the device has been used.
+  void finish() {
+    printWarnings();
+    if (log_) log_->checkWritten();
+  }
+
+ private:
+  void printWarnings() {
+    for (; warned_ < springBoard_->warnings().size(); ++warned_) complain(springBoard_->warnings()[warned_]);
+  }
+
+  std::optional<host::EventLog> log_;
+  std::optional<host::SpringBoard> springBoard_;
+  std::size_t warned_ = 0;
+};
 
 void refuseOneFileForBoth(const host::Options& options) {
   std::error_code ignored;
@@ -47,22 +74,38 @@ void refuseOneFileForBoth(const host::Options& options) {
     throw host::Failure(options.log->string() + ": is the script; the log would overwrite it");
 }
 
-int run(const host::Options& options) {
-  host::catchInterruptions();
-  refuseOneFileForBoth(options);
-  if (options.seed) std::srand(*options.seed);
-  // What can be refused comes before the device boots and writes files of its own; the log sees the boot.
-  Script script(options.script);
-  std::optional<host::EventLog> log;
-  if (options.log) log.emplace(*options.log);
+// What can be refused comes before the device boots and writes files of its own.
 
-  host::SpringBoard springBoard(options.boot);
-  std::size_t warned = 0;
-  printNewWarnings(springBoard, warned);
-  const int result = host::runScript(script.lines(), script.name(), springBoard, std::cout, std::cerr);
-  printNewWarnings(springBoard, warned);
-  if (log) log->checkWritten();
+int play(const host::Options& options) {
+  refuseOneFileForBoth(options);
+  Script script(options.script);
+  Device device(options, host::MachineFile::Existing::Emptied);
+  const int result =
+      host::runScript(script.lines(), script.name(), device.springBoard(), std::cout, std::cerr);
+  device.finish();
   return result;
+}
+
+/// `arguments` are those of the process, for one that takes its place.
+int serve(const host::Options& options, char** arguments) {
+  const auto inherited = host::takeInheritance();
+  host::ServeOptions serving = *options.serve;
+  if (inherited) serving.token = inherited->token;
+  host::DeviceServer server(serving, inherited ? std::optional(inherited->socket) : std::nullopt);
+
+  auto end = host::DeviceServer::End::SwitchedOff;
+  {
+    using Existing = host::MachineFile::Existing;
+    Device device(options, inherited ? Existing::Kept : Existing::Emptied);
+    const host::PreferencePanes panes(device.springBoard().applications());
+    for (const std::string& warning : panes.warnings()) complain(warning);
+    if (!inherited)
+      std::cout << "The device is at " << server.pageAddress() << " (Ctrl-C switches it off)" << std::endl;
+    end = server.run(device.springBoard(), panes);
+    device.finish();
+  }
+  if (end == host::DeviceServer::End::Respring) host::respring({server.release(), serving.token}, arguments);
+  return host::exitSuccess;
 }
 
 }  // namespace
@@ -74,9 +117,11 @@ int main(int argumentCount, char** arguments) {
     return exit->exitCode;
   }
   try {
-    return run(std::get<host::Options>(parsed));
+    host::catchInterruptions();
+    const auto& options = std::get<host::Options>(parsed);
+    return options.serve ? serve(options, arguments) : play(options);
   } catch (const std::exception& error) {
-    std::cerr << "springboard: " << error.what() << std::endl;
+    complain(error.what());
     return host::exitFailed;
   }
 }

@@ -6,14 +6,16 @@
 #include <algorithm>
 
 #include "host/exit_code.h"
+#include "host/failure.h"
 #include "host/script_parser.h"
+#include "host/web/request_guard.h"
 
 namespace host {
 namespace {
 
 constexpr const char* programName = "springboard";
 constexpr const char* description =
-    "A home screen without a phone. It boots from a device root, plays a script, if one is given, and exits.";
+    "A home screen without a phone. It boots from a device root, and plays a script or lets people use it.";
 
 std::string scriptHelp() {
   std::string text = "A script is one verb a line; points and seconds; # begins a comment:\n";
@@ -26,6 +28,29 @@ std::string oneLine(std::string text) {
   return text;
 }
 
+EarlyExit badOption(const std::string& cause) {
+  return {fmt::format("{}: {} (--help lists the options)\n", programName, cause), exitBadInput};
+}
+
+/// Empty texts stand for values that were left out. Throws Failure.
+ServeOptions serveOptions(const std::string& address, std::optional<std::string> token) {
+  ServeOptions serve;
+  serve.page = VISTREL_PAGE;
+  if (!address.empty()) {
+    const auto parsed = parseListenAddress(address);
+    if (!parsed) throw Failure(fmt::format("--serve: no [HOST:]PORT with an IP address: \"{}\"", address));
+    serve.address = *parsed;
+  }
+  if (token && token->empty()) token = makeToken();
+  if (token && !isToken(*token))
+    throw Failure(
+        fmt::format("--token: not {} or more letters, digits, - and _: \"{}\"", shortestToken, *token));
+  if (!token && !serve.address.isLoopback())
+    throw Failure(fmt::format("--serve: others can reach {}: it needs --token", serve.address.authority()));
+  serve.token = std::move(token);
+  return serve;
+}
+
 }  // namespace
 
 std::variant<Options, EarlyExit> parseOptions(int argumentCount, const char* const* arguments) {
@@ -33,6 +58,7 @@ std::variant<Options, EarlyExit> parseOptions(int argumentCount, const char* con
   options.boot.root = VISTREL_DEFAULT_ROOT;
   std::string device = defaultDeviceModel;
   bool noTweaks = false;
+  std::string address, token;
   std::vector<std::string> deviceNames;
   for (const DeviceModel& model : deviceModels()) deviceNames.push_back(model.name);
 
@@ -50,8 +76,21 @@ std::variant<Options, EarlyExit> parseOptions(int argumentCount, const char* con
       ->check(CLI::IsMember(deviceNames));
   app.add_flag("--no-tweaks", noTweaks, "Load no add-on libraries");
   app.add_flag("--locked", options.boot.startLocked, "Boot to the lock screen");
-  app.add_option("--script", options.script, "Play this script; - reads it from standard input, line by line")
-      ->type_name("FILE");
+  auto* script = app.add_option("--script", options.script,
+                                "Play this script; - reads it from standard input, line by line")
+                     ->type_name("FILE");
+  auto* serve = app.add_option("--serve", address,
+                               "Run in real time and serve a page to use the device on, at 127.0.0.1:8080 "
+                               "unless given")
+                    ->type_name("[HOST:]PORT")
+                    ->expected(0, 1)
+                    ->excludes(script);
+  auto* tokenOption = app.add_option("--token", token,
+                                     "Let in only who knows this token, or one made up; needed where others "
+                                     "can reach the address")
+                          ->type_name("TOKEN")
+                          ->expected(0, 1)
+                          ->needs(serve);
   app.add_option("--log", options.log, "Write what happens to this file, one JSON object a line")
       ->type_name("FILE");
   app.add_option("--seed", options.seed,
@@ -66,11 +105,15 @@ std::variant<Options, EarlyExit> parseOptions(int argumentCount, const char* con
   } catch (const CLI::CallForVersion& version) {
     return EarlyExit{fmt::format("{}\n", version.what()), exitSuccess};
   } catch (const CLI::ParseError& error) {
-    return EarlyExit{fmt::format("{}: {} (--help lists the options)\n", programName, oneLine(error.what())),
-                     exitBadInput};
+    return badOption(oneLine(error.what()));
   }
   options.boot.loadTweaks = !noTweaks;
   options.boot.model = *findDeviceModel(device);
+  try {
+    if (*serve) options.serve = serveOptions(address, *tokenOption ? std::optional(token) : std::nullopt);
+  } catch (const Failure& cause) {
+    return badOption(cause.what());
+  }
   return options;
 }
 

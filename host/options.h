@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "host/spring_board.h"
+#include "host/web/serve_options.h"
 
 namespace host {
 
@@ -18,6 +19,7 @@ struct Options {
   std::optional<std::string> script;         ///< A path of this machine, or standardInput.
   std::optional<std::filesystem::path> log;  ///< Nothing: no log.
   std::optional<unsigned> seed;
+  std::optional<ServeOptions> serve;  ///< Nothing: a script, in virtual time.
 };
 
 /// There is nothing to run: what to say instead, and the process's exit code (success: for standard output).

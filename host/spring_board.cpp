@@ -47,6 +47,7 @@ class SpringBoard::State {
   Application& installed(const std::string& bundle) const;
   void settle();
 
+  DeviceModel model;
   std::vector<std::string> warnings;
   std::shared_ptr<AppCatalogue> catalogue;
   std::shared_ptr<AppSwitcherModel> recents;
@@ -56,9 +57,8 @@ class SpringBoard::State {
   std::shared_ptr<AwayController> awayController;
 };
 
-SpringBoard::State::State(const BootOptions& options) {
+SpringBoard::State::State(const BootOptions& options) : model(options.model) {
   openRoot(options.root);
-  const DeviceModel& model = options.model;
   setDisplay(std::make_shared<WindowDisplay>(model.size, model.scale));
   registerClasses();
   catalogue = std::make_shared<AppCatalogue>(model, warnings);
@@ -155,6 +155,8 @@ void SpringBoard::hideKeyboard() { UIPeripheralHost::sharedInstance().hideKeyboa
 const std::vector<std::string>& SpringBoard::warnings() const { return state_->warnings; }
 
 bool SpringBoard::busy() const { return state_->uiController->busy() || state_->awayController->busy(); }
+
+const DeviceModel& SpringBoard::model() const { return state_->model; }
 
 bool SpringBoard::locked() const { return state_->awayController->locked(); }
 

@@ -62,6 +62,7 @@ class SpringBoard {
   /// True while a request is still under way: an animation between screens, or a launch on its way home.
   bool busy() const;
 
+  const DeviceModel& model() const;
   bool locked() const;
   std::optional<std::string> frontmost() const;  ///< Bundle identifier; nothing on the home screen.
   const NSStringArray& recents() const;          ///< Bundle identifiers, most recent first.

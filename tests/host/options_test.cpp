@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "host/web/request_guard.h"
+
 namespace host {
 namespace {
 
@@ -32,9 +34,37 @@ TEST(Options, AreReadFromTheCommandLine) {
   EXPECT_EQ(std::get<EarlyExit>(parse({"--version"})).text, "springboard 1.0.0\n");
 }
 
+TEST(Options, ServingNeedsNoMoreThanAWordAndATokenWhereOthersCanReachIt) {
+  struct Case {
+    std::vector<const char*> arguments;
+    std::string authority, token;  // "*": one made up.
+  };
+  const Case cases[] = {
+      {{"--serve"}, "127.0.0.1:8080", ""},
+      {{"--serve", "9000"}, "127.0.0.1:9000", ""},
+      {{"--serve", "[::1]:9000", "--token", "a-token_1"}, "[::1]:9000", "a-token_1"},
+      {{"--serve", "0.0.0.0:9000", "--token"}, "0.0.0.0:9000", "*"},
+  };
+  for (auto& [arguments, authority, token] : cases) {
+    const auto options = std::get<Options>(parse(arguments));
+    EXPECT_EQ(options.serve->address.authority(), authority);
+    EXPECT_EQ(options.serve->token.has_value(), !token.empty()) << authority;
+    EXPECT_TRUE(token == "*" ? isToken(*options.serve->token) : options.serve->token.value_or("") == token);
+  }
+}
+
 TEST(Options, WrongOnesAreRefusedInOneLine) {
-  const std::vector<std::vector<const char*>> cases = {
-      {"--device", "iphone-9"}, {"--seed", "many"}, {"--seed", "-1"}, {"--script"}, {"--color"}, {"stray"}};
+  const std::vector<std::vector<const char*>> cases = {{"--device", "iphone-9"},
+                                                       {"--seed", "many"},
+                                                       {"--seed", "-1"},
+                                                       {"--script"},
+                                                       {"--color"},
+                                                       {"stray"},
+                                                       {"--serve", "nowhere:80"},
+                                                       {"--serve", "192.168.1.2:80"},
+                                                       {"--serve", "--token", "short"},
+                                                       {"--locked", "--token"},
+                                                       {"--script", "s", "--serve"}};
   for (auto& arguments : cases) {
     const auto parsed = parse(arguments);
     const auto* refusal = std::get_if<EarlyExit>(&parsed);

@@ -1,0 +1,63 @@
+#include "host/web/live_client.h"
+
+#include <algorithm>
+#include <bit>
+
+#include "host/touch_commands.h"
+#include "platform/uikit/touch_dispatcher.h"
+
+namespace host {
+namespace {
+
+constexpr double messagesPerSecond = 2000;
+constexpr double messagesAtOnce = 4000;
+
+/// Writes `value` from byte `at` on, its lowest byte first.
+template <class Value>
+void put(PictureHead& head, std::size_t at, Value value) {
+  for (std::size_t i = 0; i < sizeof value; ++i) head[at + i] = std::uint8_t(value >> (8 * i));
+}
+
+PictureHead headOf(std::uint32_t picture, std::uint32_t touch, CFTimeInterval time) {
+  PictureHead head{};
+  put(head, 0, picture);
+  put(head, 4, touch);
+  put(head, 8, std::bit_cast<std::uint64_t>(time));
+  return head;
+}
+
+}  // namespace
+
+LiveClient::LiveClient(WebClient& connection, int place, WallTime now)
+    : connection_(connection), place_(place), limit_(messagesPerSecond, messagesAtOnce, now) {}
+
+WallTime LiveClient::timeOf(const TouchMessage& message, WallTime now) {
+  return message.stamp ? clock_.timeOf(*message.stamp, now) : now;
+}
+
+void LiveClient::touch(const TouchMessage& message, CFTimeInterval time) {
+  // Neither before the touch that came before it nor after now.
+  lastTouchTime_ = std::clamp(time, lastTouchTime_, RunLoop::main().now());
+  performTouch(message.touch, number(message.touch.finger), lastTouchTime_);
+  lastTouch_ = message.number;
+}
+
+void LiveClient::leave(CFTimeInterval time) {
+  TouchDispatcher& dispatcher = TouchDispatcher::shared();
+  for (int finger = 0; finger < mostFingers; ++finger) {
+    if (dispatcher.isDown(number(finger))) dispatcher.cancel(number(finger), time);
+  }
+}
+
+void LiveClient::arrived(std::uint32_t picture) {
+  if (picture == sent_) underWay_ = false;
+}
+
+void LiveClient::sendPictureOf(LiveScreen& screen) {
+  if (underWay_ || screen.version() == sent_) return;
+  sent_ = screen.version();
+  underWay_ = true;
+  connection_.sendPicture(headOf(sent_, touchDrawn_, screen.timeDrawn()), screen.jpeg());
+}
+
+}  // namespace host

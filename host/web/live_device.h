@@ -1,0 +1,64 @@
+#pragma once
+
+#include <list>
+#include <optional>
+#include <string>
+
+#include "host/settings/preference_panes.h"
+#include "host/spring_board.h"
+#include "host/web/live_client.h"
+#include "host/web/live_screen.h"
+#include "host/web/pace.h"
+#include "host/web/web_application.h"
+
+namespace host {
+
+/// The device in real time, in the hands of its clients: their messages in, pictures and state out.
+///
+/// It reads no clock: every call says what time it is, and `turn` is due by `nextTurn` at the latest.
+class LiveDevice {
+ public:
+  /// The device's time goes on from `now` at the real speed. The others outlive this object.
+  LiveDevice(SpringBoard& springBoard, const PreferencePanes& panes, WallTime now);
+  ~LiveDevice();
+  LiveDevice(const LiveDevice&) = delete;
+  LiveDevice& operator=(const LiveDevice&) = delete;
+
+  void joined(WebClient& connection, WallTime now);
+  /// A message that is none closes its client with the reason; one that cannot be carried out is answered so.
+  void received(WebClient& connection, std::string_view text, WallTime now);
+  void left(WebClient& connection, WallTime now);
+
+  /// Lets the device catch up with the time and sends what is new. To be called after each of the above, too.
+  void turn(WallTime now);
+  /// Nothing: not before a client does something.
+  std::optional<WallTime> nextTurn() const;
+
+  /// A client has asked for it; it is for the process to do.
+  bool respringWanted() const { return respringWanted_; }
+  /// An application's icon as PNG; nothing for an unknown bundle.
+  std::optional<WebResource> icon(std::string_view bundle) const;
+
+ private:
+  class Performer;
+
+  LiveClient& clientOf(const WebClient& connection);
+  int freePlace() const;
+  void catchUp(WallTime now);
+  void sendPictures(WallTime now);
+  void tellChanges();
+  std::string stateText() const;
+  bool anyoneReady() const;
+
+  SpringBoard& springBoard_;
+  const PreferencePanes& panes_;
+  Pace pace_;
+  std::list<LiveClient> clients_;
+  LiveScreen screen_;
+  std::string toldState_;         // As everybody knows it.
+  bool settingsChanged_ = false;  // Since they were last told.
+  CFTimeInterval nextMinute_ = 0;
+  bool respringWanted_ = false;
+};
+
+}  // namespace host

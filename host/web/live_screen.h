@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "host/web/wall_time.h"
+#include "platform/coregraphics/cg_image.h"
+#include "platform/foundation/ns_data.h"
+#include "platform/foundation/run_loop.h"
+
+namespace host {
+
+/// The screen, as pictures for whoever watches: drawn only when it may have changed, 60 times a second at
+/// most, and encoded once, however many watch.
+class LiveScreen {
+ public:
+  /// The picture last drawn, counted from 1; 0 before the first.
+  std::uint32_t version() const { return version_; }
+  /// That picture as JPEG.
+  std::shared_ptr<const NSData> jpeg();
+
+  /// The device's time when it was last drawn.
+  CFTimeInterval timeDrawn() const { return timeDrawn_; }
+
+  /// True when there may be more to see than the last drawing showed.
+  bool mayHaveChanged() const;
+  /// The earliest time at which it is drawn again.
+  WallTime nextDrawing() const { return nextDrawing_; }
+  /// Somebody has touched the screen and waits for what comes of it: brings the next drawing forward, as far
+  /// as the last one allows. So drawings fall in step with touches.
+  void hurry();
+  /// Draws; one that looks like the last makes no new version. True for a new one.
+  bool draw(WallTime now);
+
+ private:
+  CGImageRef picture_;
+  std::shared_ptr<const NSData> jpeg_;  // Of the picture; null until somebody wants it.
+  std::uint32_t version_ = 0;
+  std::uint64_t changesDrawn_ = 0;   // Changes of layers when it was last drawn.
+  CFTimeInterval timeDrawn_ = 0;
+  WallTime lastDrawing_ = 0, nextDrawing_ = 0;
+};
+
+}  // namespace host

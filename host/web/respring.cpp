@@ -1,0 +1,45 @@
+#include "host/web/respring.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <linux/close_range.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <charconv>
+#include <system_error>
+
+#include "host/failure.h"
+
+namespace host {
+namespace {
+
+constexpr const char* program = "/proc/self/exe";
+constexpr const char* variable = "SPRINGBOARD_RESPRING";  // "SOCKET" or "SOCKET TOKEN"
+
+}  // namespace
+
+std::optional<Inheritance> takeInheritance() {
+  const char* value = getenv(variable);
+  if (!value) return std::nullopt;
+  const std::string text = value;
+  unsetenv(variable);
+  Inheritance result{};
+  const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), result.socket);
+  if (error != std::errc()) return std::nullopt;
+  if (*rest == ' ') result.token = rest + 1;
+  return result;
+}
+
+void respring(const Inheritance& inheritance, char** arguments) {
+  setenv(variable, fmt::format("{}{}{}", inheritance.socket, inheritance.token ? " " : "",
+                               inheritance.token.value_or("")).c_str(), /*replace=*/1);
+  // Whatever else is still open stays behind.
+  close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
+  fcntl(inheritance.socket, F_SETFD, 0);
+  execv(program, arguments);
+  throw Failure(fmt::format("respringing: {}", std::generic_category().message(errno)));
+}
+
+}  // namespace host

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "host/web/web_server.h"
+
+namespace host {
+
+/// What a process passes on to the one that takes its place: the socket that it listens on, so that clients
+/// find nobody else there in between, and a token that it made up.
+struct Inheritance {
+  ListeningSocket socket;
+  std::optional<std::string> token;
+};
+
+/// What this process has been left by one before it; nothing for a first one. To be asked once.
+std::optional<Inheritance> takeInheritance();
+
+/// Starts this program afresh in this process, with the same command line. Everything ends but the
+/// inheritance; only a failure, thrown as Failure, comes back.
+[[noreturn]] void respring(const Inheritance& inheritance, char** arguments);
+
+}  // namespace host
