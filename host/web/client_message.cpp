@@ -12,6 +12,7 @@ namespace host {
 namespace {
 
 constexpr double millisecondsPerSecond = 1000;
+constexpr double largestStamp = 1e15;  // Milliseconds; up to here doubles tell one from the next.
 
 std::uint32_t wholeNumber(const Json& json, std::string_view what) {
   if (!json.is_number_unsigned() || json.get<std::uint64_t>() > std::numeric_limits<std::uint32_t>::max())
@@ -56,7 +57,8 @@ constexpr PageVerb pageVerbs[] = {
     {"step", 0, [](const Json&) -> ClientMessage { return StepMessage{}; }},
     {"inspect", 2,
      [](const Json& arguments) -> ClientMessage {
-       return InspectMessage{{coordinate(arguments[0], "inspect: X"), coordinate(arguments[1], "inspect: Y")}};
+       return InspectMessage{
+           {coordinate(arguments[0], "inspect: X"), coordinate(arguments[1], "inspect: Y")}};
      }},
     {"set", 3,
      [](const Json& arguments) -> ClientMessage {
@@ -84,8 +86,7 @@ std::vector<ScriptWord> scriptWords(const std::string& verb, const Json& argumen
 TouchMessage touchMessage(const TouchCommand& touch, const Json& message) {
   TouchMessage result{touch, std::nullopt};
   if (auto time = message.find("time"); time != message.end()) {
-    constexpr double largest = std::numeric_limits<std::int64_t>::max();
-    result.stamp = number(*time, "touch: time", -largest, largest) / millisecondsPerSecond;
+    result.stamp = number(*time, "touch: time", -largestStamp, largestStamp) / millisecondsPerSecond;
   }
   if (auto count = message.find("number"); count != message.end())
     result.number = wholeNumber(*count, "touch: number");

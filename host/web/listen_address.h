@@ -18,7 +18,8 @@ struct ListenAddress {
   std::string authority() const;
 };
 
-/// Reads "[HOST:]PORT", where HOST is an IP address, IPv6 in brackets, or "localhost". Nothing for other text.
+/// Reads "[HOST:]PORT", where HOST is an IP address, IPv6 in brackets, or "localhost". Nothing for other
+/// text.
 std::optional<ListenAddress> parseListenAddress(std::string_view text);
 
 /// Whether `text` is an IP address, and whether one of this machine's own loop.

@@ -44,7 +44,7 @@ class LiveClient {
   ClientClock clock_;
   RateLimit limit_;
   CFTimeInterval lastTouchTime_ = 0;
-  std::uint32_t lastTouch_ = 0;   // Numbers of the client's own.
+  std::uint32_t lastTouch_ = 0;  // Numbers of the client's own.
   std::uint32_t touchDrawn_ = 0;
   std::uint32_t sent_ = 0;  // The screen's version.
   bool underWay_ = false;

@@ -109,8 +109,8 @@ void LiveDevice::left(WebClient& connection, WallTime now) {
 }
 
 LiveClient& LiveDevice::clientOf(const WebClient& connection) {
-  return *std::ranges::find_if(
-      clients_, [&](const LiveClient& client) { return &client.connection() == &connection; });
+  return *std::ranges::find_if(clients_,
+                               [&](const LiveClient& client) { return &client.connection() == &connection; });
 }
 
 int LiveDevice::freePlace() const {

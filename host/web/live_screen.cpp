@@ -16,8 +16,7 @@ constexpr CGFloat quality = 0.9f;
 }  // namespace
 
 std::shared_ptr<const NSData> LiveScreen::jpeg() {
-  if (!jpeg_)
-    jpeg_ = std::make_shared<const NSData>(encodeJpeg(picture_, quality, ChromaSubsampling::Never));
+  if (!jpeg_) jpeg_ = std::make_shared<const NSData>(encodeJpeg(picture_, quality, ChromaSubsampling::Never));
   return jpeg_;
 }
 

@@ -37,7 +37,7 @@ class LiveScreen {
   CGImageRef picture_;
   std::shared_ptr<const NSData> jpeg_;  // Of the picture; null until somebody wants it.
   std::uint32_t version_ = 0;
-  std::uint64_t changesDrawn_ = 0;   // Changes of layers when it was last drawn.
+  std::uint64_t changesDrawn_ = 0;  // Changes of layers when it was last drawn.
   CFTimeInterval timeDrawn_ = 0;
   WallTime lastDrawing_ = 0, nextDrawing_ = 0;
 };

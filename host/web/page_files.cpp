@@ -36,7 +36,8 @@ PageFiles::PageFiles(const std::filesystem::path& folder) {
   for (const auto& file : files) {
     std::ifstream stream = openMachineFile(file.path());
     files_["/" + file.path().filename().string()] = {
-        typeOf(file.path()), NSData(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>())};
+        typeOf(file.path()),
+        NSData(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>())};
   }
 }
 

@@ -15,7 +15,7 @@ class RateLimit {
 
  private:
   double perSecond_, burst_;
-  double left_;       // At the time `counted_`.
+  double left_;  // At the time `counted_`.
   WallTime counted_;
 };
 

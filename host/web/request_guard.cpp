@@ -11,7 +11,8 @@ namespace {
 constexpr std::string_view scheme = "http://";
 constexpr int usualPort = 80;  // Of the scheme; browsers leave it out.
 constexpr std::size_t madeTokenLength = 24;
-constexpr std::string_view tokenCharacters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
+constexpr std::string_view tokenCharacters =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
 
 /// Looks at every character, whatever the ones before it were.
 bool equalInConstantTime(std::string_view known, std::string_view offered) {

@@ -33,8 +33,11 @@ std::optional<Inheritance> takeInheritance() {
 }
 
 void respring(const Inheritance& inheritance, char** arguments) {
-  setenv(variable, fmt::format("{}{}{}", inheritance.socket, inheritance.token ? " " : "",
-                               inheritance.token.value_or("")).c_str(), /*replace=*/1);
+  setenv(
+      variable,
+      fmt::format("{}{}{}", inheritance.socket, inheritance.token ? " " : "", inheritance.token.value_or(""))
+          .c_str(),
+      /*replace=*/1);
   // Whatever else is still open stays behind.
   close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
   fcntl(inheritance.socket, F_SETFD, 0);

@@ -12,10 +12,10 @@ namespace host {
 
 /// Why a connection is closed, with the protocol's numbers.
 enum class CloseCode : std::uint16_t {
-  GoingAway = 1001,       ///< The device has been switched off.
-  PolicyViolation = 1008, ///< The client broke the rules.
-  ServiceRestart = 1012,  ///< Come back at once.
-  TryAgainLater = 1013,   ///< Too many are here.
+  GoingAway = 1001,        ///< The device has been switched off.
+  PolicyViolation = 1008,  ///< The client broke the rules.
+  ServiceRestart = 1012,   ///< Come back at once.
+  TryAgainLater = 1013,    ///< Too many are here.
 };
 
 /// What goes before a picture's bytes.

@@ -14,7 +14,7 @@ namespace host {
 namespace {
 
 /// A client that writes down what it gets.
-class FakeClient : public WebClient {
+class FakeClient final : public WebClient {
  public:
   struct Picture {
     std::uint32_t number, touch;
@@ -218,7 +218,8 @@ TEST_F(LiveDeviceTest, WhatCannotBeDoneIsAnsweredAndWhatIsNoMessageClosesItsClie
     FakeClient& client = join();
     send(client, verb, arguments);
     EXPECT_EQ(client.last("problem").is_null() ? "" : client.last("problem"), problem) << verb;
-    EXPECT_TRUE(client.closed.starts_with(closed) && client.closed.empty() == (*closed == 0)) << client.closed;
+    EXPECT_TRUE(client.closed.starts_with(closed) && client.closed.empty() == (*closed == 0))
+        << client.closed;
   }
   FakeClient& flooding = join();
   for (int i = 0; i < 4001; ++i) live_.received(flooding, R"({"verb":"shown","arguments":[0]})", now_);

@@ -161,9 +161,6 @@ TEST_F(PreferencePanesTest, AreLeftOutWithALineWhereAnythingIsNotUsable) {
 
 TEST(SwitcherPane, HasEveryKeyAtItsDefaultAndTakesEffect) {
   vistrel::test::TestDevice device;
-  const std::filesystem::path folder = "Library/PreferenceLoader/Preferences";
-  std::filesystem::create_directories(device.root() / folder);
-  std::filesystem::copy(STATIC_ROOT / folder, device.root() / folder);
   const PreferencePanes panes(device.springBoard().applications());
   EXPECT_EQ(panes.warnings(), std::vector<std::string>());
   const Dictionary written = device.readPreferences();  // By the switcher, for want of a file.

@@ -17,7 +17,8 @@ TEST(ClientMessage, IsAVerbOfThePageOrOneOfTheScriptsThatTakesNoTime) {
   EXPECT_EQ(touch.touch.finger, 4);
   EXPECT_EQ(touch.stamp, 1.5);
   EXPECT_EQ(touch.number, 4294967295u);
-  const auto set = std::get<SetMessage>(parseClientMessage(R"({"verb":"set","arguments":["d","k",{"a":[1]}]})"));
+  const auto set =
+      std::get<SetMessage>(parseClientMessage(R"({"verb":"set","arguments":["d","k",{"a":[1]}]})"));
   EXPECT_EQ(set.domain + set.key + set.value.dump(), R"(dk{"a":[1]})");
   EXPECT_TRUE(std::holds_alternative<UnlockCommand>(parseClientMessage(R"({"verb":"unlock"})")));
 }
@@ -35,7 +36,7 @@ TEST(ClientMessage, SaysWhatIsWrongWithAnyOther) {
       {R"({"verb":"launch","arguments":[true]})", "launch: an argument is neither text nor a number"},
       {R"({"verb":"launch","arguments":[]})", "launch: too few arguments; usage: launch BUNDLE"},
       {R"({"verb":"touch","arguments":["down",1,2],"time":"now"})",
-       "touch: time must be a number from -9.22337e+18 to 9.22337e+18"},
+       "touch: time must be a number from -1e+15 to 1e+15"},
       {R"({"verb":"touch","arguments":["down",1,2],"number":-1})",
        "touch: number must be a whole number of 32 bits"},
       {R"({"verb":"touch","arguments":["down",1e99,2]})", "touch: X is out of range: \"1e+99\""},
@@ -62,11 +63,21 @@ TEST(ClientMessage, SaysWhatIsWrongWithAnyOther) {
 
 TEST(ListenAddress, IsAnIpAddressOrLocalhostWithAPort) {
   const std::pair<const char*, const char*> cases[] = {
-      {"8080", "127.0.0.1:8080"}, {"localhost:0", "127.0.0.1:0"}, {"0.0.0.0:80", "0.0.0.0:80"},
-      {"[::1]:1", "[::1]:1"},     {"::1:1", nullptr},             {"[::1]", nullptr},
-      {"", nullptr},              {"65536", nullptr},             {"-1", nullptr},
-      {"80 ", nullptr},           {"example.com:80", nullptr},    {":80", nullptr},
-      {"127.0.0.1:", nullptr},    {"127.0.0.1", nullptr},         {"[127.0.0.1:80", nullptr},
+      {"8080", "127.0.0.1:8080"},
+      {"localhost:0", "127.0.0.1:0"},
+      {"0.0.0.0:80", "0.0.0.0:80"},
+      {"[::1]:1", "[::1]:1"},
+      {"::1:1", nullptr},
+      {"[::1]", nullptr},
+      {"", nullptr},
+      {"65536", nullptr},
+      {"-1", nullptr},
+      {"80 ", nullptr},
+      {"example.com:80", nullptr},
+      {":80", nullptr},
+      {"127.0.0.1:", nullptr},
+      {"127.0.0.1", nullptr},
+      {"[127.0.0.1:80", nullptr},
   };
   for (auto [text, authority] : cases) {
     const auto address = parseListenAddress(text);
@@ -105,13 +116,15 @@ TEST(RequestGuard, LetsInItsOwnPageByAnAddressThatCannotBeSomebodyElses) {
   };
   for (auto& [listensAt, host, origin, letIn] : cases) {
     const RequestGuard guard(*parseListenAddress(listensAt), std::nullopt);
-    EXPECT_EQ(guard.isForUs({host, origin, ""}), letIn) << listensAt << ' ' << host << ' ' << origin.value_or("-");
+    EXPECT_EQ(guard.isForUs({host, origin, ""}), letIn)
+        << listensAt << ' ' << host << ' ' << origin.value_or("-");
   }
 }
 
 TEST(RequestGuard, WantsTheWholeTokenAndNothingElse) {
   const RequestGuard guard({}, "correct-horse");
-  for (const char* token : {"", "correct-hors", "correct-horse1", "Correct-horse", "correct-horsecorrect-horse"})
+  for (const char* token :
+       {"", "correct-hors", "correct-horse1", "Correct-horse", "correct-horsecorrect-horse"})
     EXPECT_FALSE(guard.knowsToken({"", std::nullopt, token})) << token;
   EXPECT_TRUE(guard.knowsToken({"", std::nullopt, "correct-horse"}));
   EXPECT_TRUE(RequestGuard({}, std::nullopt).knowsToken({}));

@@ -48,6 +48,12 @@ void writeBundles(const fs::path& root) {
   }
 }
 
+void installPane(const fs::path& root) {
+  const fs::path folder = "Library/PreferenceLoader";
+  fs::create_directories(root / folder);
+  fs::copy(STATIC_ROOT / folder, root / folder, fs::copy_options::recursive);
+}
+
 template <class Send>
 bool handledBy(Send send) {
   auto event = std::make_shared<LAEvent>();
@@ -66,6 +72,7 @@ PropertyList archived(float red, float green, float blue) {
 
 TestDevice::TestDevice(DeviceSetup setup) : root_(makeRoot()) {
   writeBundles(root_);
+  installPane(root_);
   if (setup.activator) writeFile(root_ / "var/lib/dpkg/info/libactivator.list", {});
   if (!setup.preferences.empty()) writePreferences(setup.preferences);
   if (!setup.disabledApps.empty()) {
