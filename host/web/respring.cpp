@@ -8,6 +8,8 @@
 
 #include <cerrno>
 #include <charconv>
+#include <filesystem>
+#include <string_view>
 #include <system_error>
 
 #include "host/failure.h"
@@ -15,8 +17,17 @@
 namespace host {
 namespace {
 
-constexpr const char* program = "/proc/self/exe";
-constexpr const char* variable = "SPRINGBOARD_RESPRING";  // "SOCKET" or "SOCKET TOKEN"
+constexpr const char* ownProgram = "/proc/self/exe";
+constexpr std::string_view replacedSuffix = " (deleted)";  // What the system adds to its name then.
+constexpr const char* variable = "SPRINGBOARD_RESPRING";   // "SOCKET" or "SOCKET TOKEN"
+
+/// The file that this program came from, as it is now: a fresh build, perhaps.
+std::string programFile() {
+  std::error_code error;
+  std::string path = std::filesystem::read_symlink(ownProgram, error).string();
+  if (path.ends_with(replacedSuffix)) path.resize(path.size() - replacedSuffix.size());
+  return path;
+}
 
 }  // namespace
 
@@ -41,7 +52,8 @@ void respring(const Inheritance& inheritance, char** arguments) {
   // Whatever else is still open stays behind.
   close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
   fcntl(inheritance.socket, F_SETFD, 0);
-  execv(program, arguments);
+  execv(programFile().c_str(), arguments);
+  execv(ownProgram, arguments);  // There is no such file any more, but this process still has it.
   throw Failure(fmt::format("respringing: {}", std::generic_category().message(errno)));
 }
 

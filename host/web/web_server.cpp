@@ -44,7 +44,7 @@ constexpr std::string_view tokenParameter = "token=";
 
 /// Nothing but this server's own files, and no page of others around them.
 constexpr const char* contentPolicy =
-    "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self' blob:; connect-src 'self'; "
+    "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; connect-src 'self'; "
     "base-uri 'none'; form-action 'none'; frame-ancestors 'none'";
 
 std::string_view view(beast::string_view text) { return {text.data(), text.size()}; }
