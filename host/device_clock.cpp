@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <chrono>
+#include <cmath>
 
 namespace host {
 namespace {
@@ -19,7 +20,13 @@ constexpr auto start = firstDay + 9h + 41min;
 
 auto timeAt(CFTimeInterval now) { return start + floor<minutes>(duration<double>(now)); }
 
+constexpr CFTimeInterval secondsPerMinute = 60;
+
 }  // namespace
+
+CFTimeInterval nextClockChange(CFTimeInterval now) {
+  return (std::floor(now / secondsPerMinute) + 1) * secondsPerMinute;
+}
 
 std::string clockText(CFTimeInterval now) {
   const auto time = timeAt(now);

@@ -9,5 +9,7 @@ namespace host {
 
 std::string clockText(CFTimeInterval now);  ///< "9:41"
 std::string dateText(CFTimeInterval now);   ///< "Tuesday, January 9"
+/// When both change next. Nothing on the run loop waits for it, or no device would ever come to rest.
+CFTimeInterval nextClockChange(CFTimeInterval now);
 
 }  // namespace host

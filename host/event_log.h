@@ -14,7 +14,7 @@ namespace host {
 /// exists it is the process's watcher of traces.
 class EventLog {
  public:
-  /// Throws Failure when the file cannot be made.
+  /// Kept, a file that is there goes on at its end. Throws Failure when it cannot be made.
   explicit EventLog(std::filesystem::path path,
                     MachineFile::Existing existing = MachineFile::Existing::Emptied);
   EventLog(const EventLog&) = delete;

@@ -19,7 +19,7 @@ Corners cornersThrough(CGAffineTransform toScreen, CGRect bounds) {
 
 Json describeCorners(const Corners& corners) {
   Json points = Json::array();
-  for (CGPoint corner : corners) points.push_back(Json::array({jsonNumber(corner.x), jsonNumber(corner.y)}));
+  for (CGPoint corner : corners) points.push_back(jsonPoint(corner));
   return points;
 }
 
@@ -63,8 +63,7 @@ Json inspect(CGPoint point) {
   Inspector inspector(point);
   for (const UIWindow* window : UIWindow::allWindows())
     inspector.visit(*window, CGAffineTransformIdentity, 0);
-  return {{"point", Json::array({jsonNumber(point.x), jsonNumber(point.y)})},
-          {"views", inspector.takeViews()}};
+  return {{"point", jsonPoint(point)}, {"views", inspector.takeViews()}};
 }
 
 }  // namespace host

@@ -49,6 +49,8 @@ Json jsonNumber(float value) {
   return jsonNumber(decimal);
 }
 
+Json jsonPoint(CGPoint point) { return Json::array({jsonNumber(point.x), jsonNumber(point.y)}); }
+
 Json jsonRect(CGRect rect) {
   return Json::array({jsonNumber(rect.origin.x), jsonNumber(rect.origin.y), jsonNumber(rect.size.width),
                       jsonNumber(rect.size.height)});

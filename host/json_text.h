@@ -13,7 +13,8 @@ using Json = nlohmann::ordered_json;
 Json jsonNumber(double value);
 /// A 32-bit float by its shortest decimal: 0.7f is 0.7, not 0.699999988079071.
 Json jsonNumber(float value);
-Json jsonRect(CGRect rect);  ///< [x, y, width, height]
+Json jsonPoint(CGPoint point);  ///< [x, y]
+Json jsonRect(CGRect rect);     ///< [x, y, width, height]
 /// A point in time, free of the noise that adding up decimal fractions leaves.
 Json jsonTime(CFTimeInterval time);
 

@@ -97,7 +97,7 @@ int serve(const host::Options& options, char** arguments) {
   {
     using Existing = host::MachineFile::Existing;
     Device device(options, inherited ? Existing::Kept : Existing::Emptied);
-    const host::PreferencePanes panes(device.springBoard().applications());
+    host::PreferencePanes panes(device.springBoard().applications());
     for (const std::string& warning : panes.warnings()) complain(warning);
     if (!inherited)
       std::cout << "The device is at " << server.pageAddress() << " (Ctrl-C switches it off)" << std::endl;

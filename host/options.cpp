@@ -79,12 +79,13 @@ std::variant<Options, EarlyExit> parseOptions(int argumentCount, const char* con
   auto* script = app.add_option("--script", options.script,
                                 "Play this script; - reads it from standard input, line by line")
                      ->type_name("FILE");
-  auto* serve = app.add_option("--serve", address,
-                               "Run in real time and serve a page to use the device on, at 127.0.0.1:8080 "
-                               "unless given")
-                    ->type_name("[HOST:]PORT")
-                    ->expected(0, 1)
-                    ->excludes(script);
+  auto* serve =
+      app.add_option("--serve", address,
+                     fmt::format("Run in real time and serve a page to use the device on, at {} unless given",
+                                 ListenAddress().authority()))
+          ->type_name("[HOST:]PORT")
+          ->expected(0, 1)
+          ->excludes(script);
   auto* tokenOption = app.add_option("--token", token,
                                      "Let in only who knows this token, or one made up; needed where others "
                                      "can reach the address")

@@ -4,10 +4,11 @@
 #include <cmath>
 
 #include "host/touch_commands.h"
-#include "platform/uikit/touch_dispatcher.h"
 
 namespace host {
 namespace {
+
+constexpr int firstFinger = 0;
 
 CGPoint between(CGPoint from, CGPoint to, CGFloat share) {
   return {from.x + (to.x - from.x) * share, from.y + (to.y - from.y) * share};
@@ -16,7 +17,7 @@ CGPoint between(CGPoint from, CGPoint to, CGFloat share) {
 }  // namespace
 
 void ScriptFingers::touch(const TouchCommand& command) {
-  performTouch(command, command.finger, time_.now());
+  performTouch(command, firstFinger, time_.now());
   time_.turn();
 }
 
@@ -40,11 +41,6 @@ void ScriptFingers::swipe(const SwipeCommand& swipe) {
   touch({TouchAction::Up, swipe.to});
 }
 
-void ScriptFingers::cancelAll() {
-  TouchDispatcher& dispatcher = TouchDispatcher::shared();
-  for (int finger = 0; finger < mostFingers; ++finger) {
-    if (dispatcher.isDown(finger)) dispatcher.cancel(finger, time_.now());
-  }
-}
+void ScriptFingers::cancelAll() { cancelTouches(firstFinger, time_.now()); }
 
 }  // namespace host

@@ -16,6 +16,12 @@ namespace {
 constexpr CFTimeInterval longestSettling = 10;
 constexpr CFTimeInterval longestDraining = 2;
 
+/// The commands of the device that last until what they began has come to an end.
+template <class Command>
+constexpr bool lastsUntilMet =
+    std::is_same_v<Command, LaunchCommand> || std::is_same_v<Command, TerminateCommand> ||
+    std::is_same_v<Command, ButtonCommand> || std::is_same_v<Command, UnlockCommand>;
+
 }  // namespace
 
 void ScriptVerbs::perform(const ScriptCommand& command) {
@@ -31,15 +37,6 @@ void ScriptVerbs::drain() {
 void ScriptVerbs::finishRecording() {
   if (time_.recording()) time_.stopRecording();
 }
-
-void ScriptVerbs::run(const LaunchCommand& command) { performAndSettle(command); }
-void ScriptVerbs::run(const TerminateCommand& command) { performAndSettle(command); }
-void ScriptVerbs::run(const ButtonCommand& command) { performAndSettle(command); }
-void ScriptVerbs::run(const UnlockCommand& command) { performAndSettle(command); }
-void ScriptVerbs::run(const RotateCommand& command) { host::perform(springBoard_, command); }
-void ScriptVerbs::run(const KeyboardCommand& command) { host::perform(springBoard_, command); }
-void ScriptVerbs::run(const ActivatorCommand& command) { host::perform(springBoard_, command); }
-void ScriptVerbs::run(const NotifyPostCommand& command) { host::perform(springBoard_, command); }
 
 void ScriptVerbs::run(const TapCommand& command) { fingers_.tap(command); }
 void ScriptVerbs::run(const SwipeCommand& command) { fingers_.swipe(command); }
@@ -74,8 +71,12 @@ void ScriptVerbs::run(const ListAppsCommand&) {
 }
 
 template <class Command>
-void ScriptVerbs::performAndSettle(const Command& command) {
+void ScriptVerbs::run(const Command& command) {
   host::perform(springBoard_, command);
+  if constexpr (lastsUntilMet<Command>) settle();
+}
+
+void ScriptVerbs::settle() {
   time_.advanceWhile([this] { return springBoard_.busy(); }, longestSettling);
   if (springBoard_.busy()) throw Failure(fmt::format("still under way after {} s", longestSettling));
 }

@@ -18,20 +18,15 @@ class ScriptVerbs {
 
   void perform(const ScriptCommand& command);
 
-  /// The script is over: a finger still down goes, and what is under way gets some time to come to an end.
+  /// The script is over: fingers still down go, and what is under way gets some time to come to an end.
   void drain();
   /// Writes the recording that nobody stopped, if there is one.
   void finishRecording();
 
  private:
-  void run(const LaunchCommand& command);
-  void run(const TerminateCommand& command);
-  void run(const ButtonCommand& command);
-  void run(const UnlockCommand& command);
-  void run(const RotateCommand& command);
-  void run(const KeyboardCommand& command);
-  void run(const ActivatorCommand& command);
-  void run(const NotifyPostCommand& command);
+  /// For all commands that are the device's own.
+  template <class Command>
+  void run(const Command& command);
   void run(const TapCommand& command);
   void run(const SwipeCommand& command);
   void run(const TouchCommand& command);
@@ -42,9 +37,8 @@ class ScriptVerbs {
   void run(const DescribeAllCommand& command);
   void run(const ListAppsCommand& command);
 
-  /// For what takes time: lets it pass until the request has been met.
-  template <class Command>
-  void performAndSettle(const Command& command);
+  /// Lets time pass until the request just made has been met.
+  void settle();
   void print(const std::string& text);
 
   SpringBoard& springBoard_;

@@ -19,8 +19,9 @@ void requireOnScreen(CGPoint point) {
 
 }  // namespace
 
-void performTouch(const TouchCommand& command, int finger, CFTimeInterval timestamp) {
+void performTouch(const TouchCommand& command, int firstFinger, CFTimeInterval timestamp) {
   TouchDispatcher& dispatcher = TouchDispatcher::shared();
+  const int finger = firstFinger + command.finger;
   switch (command.action) {
     case TouchAction::Down:
       requireOnScreen(command.point);
@@ -31,6 +32,13 @@ void performTouch(const TouchCommand& command, int finger, CFTimeInterval timest
       return dispatcher.up(finger, command.point, timestamp);
     case TouchAction::Cancel:
       return dispatcher.cancel(finger, timestamp);
+  }
+}
+
+void cancelTouches(int firstFinger, CFTimeInterval timestamp) {
+  TouchDispatcher& dispatcher = TouchDispatcher::shared();
+  for (int finger = firstFinger; finger < firstFinger + mostFingers; ++finger) {
+    if (dispatcher.isDown(finger)) dispatcher.cancel(finger, timestamp);
   }
 }
 

@@ -36,6 +36,7 @@ std::string oneLine(std::string text) {
 PreferencePanes::PreferencePanes(const std::vector<AppListing>& applications)
     : panes_(readPreferencePanes(warnings_)) {
   for (const AppListing& application : applications) bundles_.push_back(application.bundle);
+  atStart_ = describePanes(panes_, bundles_);
 }
 
 std::set<std::string> PreferencePanes::notifications() const {
@@ -44,9 +45,20 @@ std::set<std::string> PreferencePanes::notifications() const {
   return names;
 }
 
-Json PreferencePanes::describe() const { return describePanes(panes_, bundles_); }
+Json PreferencePanes::describe() const {
+  Json panes = describePanes(panes_, bundles_);
+  for (std::size_t pane = 0; pane < panes.size(); ++pane) {
+    Json& items = panes[pane]["items"];
+    for (std::size_t i = 0; i < items.size(); ++i) {
+      Json& item = items[i];
+      const bool isDue = item != atStart_[pane]["items"][i];
+      if (item.value("respring", false)) item["due"] = isDue;
+    }
+  }
+  return panes;
+}
 
-void PreferencePanes::set(const std::string& domain, const std::string& key, const Json& value) const {
+void PreferencePanes::set(const std::string& domain, const std::string& key, const Json& value) {
   const PreferenceItem* item = itemOf(domain, key);
   std::optional<PropertyList> stored;
   try {

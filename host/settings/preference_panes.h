@@ -15,7 +15,8 @@ namespace host {
 /// its library's business alone.
 class PreferencePanes {
  public:
-  /// Reads the panes. The applications are those that may be chosen.
+  /// Reads the panes, and the settings that the device has started with. The applications are those that may
+  /// be chosen.
   explicit PreferencePanes(const std::vector<AppListing>& applications);
 
   /// A line for each pane that is not usable and has been left out.
@@ -31,7 +32,7 @@ class PreferencePanes {
   /// keeps its other keys; where there is none that can be read, it starts from the panes' defaults.
   /// Throws BadSetting, and has changed nothing, for what no pane could do; Failure, naming the file, where
   /// it cannot be written.
-  void set(const std::string& domain, const std::string& key, const Json& value) const;
+  void set(const std::string& domain, const std::string& key, const Json& value);
 
  private:
   std::vector<const PreferenceItem*> items() const;  // Owned by panes_.
@@ -42,6 +43,7 @@ class PreferencePanes {
   std::vector<std::string> bundles_;
   std::vector<std::string> warnings_;
   std::vector<PreferencePane> panes_;
+  Json atStart_;  // As described when the device started.
 };
 
 }  // namespace host

@@ -14,6 +14,13 @@ namespace {
 constexpr double millisecondsPerSecond = 1000;
 constexpr double largestStamp = 1e15;  // Milliseconds; up to here doubles tell one from the next.
 
+/// Whether it is just that alternative, and none that converts into one.
+template <class Command, class Variant>
+constexpr bool isOneOf = false;
+template <class Command, class... Alternatives>
+constexpr bool isOneOf<Command, std::variant<Alternatives...>> = (std::is_same_v<Command, Alternatives> ||
+                                                                  ...);
+
 std::uint32_t wholeNumber(const Json& json, std::string_view what) {
   if (!json.is_number_unsigned() || json.get<std::uint64_t>() > std::numeric_limits<std::uint32_t>::max())
     throw BadMessage(fmt::format("{} must be a whole number of 32 bits", what));
@@ -104,7 +111,7 @@ ClientMessage fromScript(const std::string& verb, const Json& arguments, const J
         } else if constexpr (std::is_same_v<Command, DescribeAllCommand>) {
           if (each.file) throw BadMessage("describe-all: no file can be written from a page");
           return each;
-        } else if constexpr (std::is_constructible_v<ClientMessage, Command>) {
+        } else if constexpr (isOneOf<Command, ClientMessage>) {
           return each;
         } else {
           throw BadMessage(fmt::format("{}: not from a page", verb));

@@ -35,11 +35,11 @@ DeviceServer::DeviceServer(const ServeOptions& options, std::optional<ListeningS
 
 std::string DeviceServer::pageAddress() const {
   ListenAddress address = server_.address();
-  if (address.isEveryAddress()) address.host = machineAddress().value_or(ListenAddress().host);
+  if (address.isEveryAddress()) address.host = machineAddress().value_or(loopbackHost);
   return host::pageAddress(address, token_);
 }
 
-DeviceServer::End DeviceServer::run(SpringBoard& springBoard, const PreferencePanes& panes) {
+DeviceServer::End DeviceServer::run(SpringBoard& springBoard, PreferencePanes& panes) {
   LiveDevice device(springBoard, panes, wallNow());
   device_ = &device;
   signals_.async_wait([this](boost::system::error_code error, int) {

@@ -14,11 +14,12 @@
 
 namespace host {
 
-/// Lets people use a device over the web, in real time: the one place that reads the machine's clock.
+/// Lets people use a device over the web, in real time: the one place where the device's time comes from the
+/// machine's clock. All on the thread that calls `run`.
 class DeviceServer : private WebApplication {
  public:
-  /// Takes the address, or goes on with the socket of a server before this one. From here on signals wait
-  /// for `run`. Throws Failure.
+  /// Takes the address, or goes on with the socket of a server before this one. From here on SIGINT and
+  /// SIGTERM wait for `run`, whoever handled them before. Throws Failure.
   explicit DeviceServer(const ServeOptions& options, std::optional<ListeningSocket> socket = std::nullopt);
 
   /// What to type into a browser on this machine or, where it listens to all, on one beside it.
@@ -28,8 +29,8 @@ class DeviceServer : private WebApplication {
     SwitchedOff,  ///< By SIGINT or SIGTERM.
     Respring,     ///< A client wants the device to start afresh.
   };
-  /// Serves the device until one of these; all clients have gone then.
-  End run(SpringBoard& springBoard, const PreferencePanes& panes);
+  /// Serves the device until one of these; all clients have gone then. To be called once.
+  End run(SpringBoard& springBoard, PreferencePanes& panes);
 
   /// The listening socket, for a server after this one; once, after `run`.
   ListeningSocket release() { return server_.release(); }

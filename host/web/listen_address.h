@@ -7,10 +7,12 @@
 
 namespace host {
 
+inline constexpr const char* loopbackHost = "127.0.0.1";
+
 /// Where a server listens.
 struct ListenAddress {
-  std::string host = "127.0.0.1";  ///< An IP address, as people write it, IPv6 without brackets.
-  std::uint16_t port = 8080;       ///< 0: any that is free.
+  std::string host = loopbackHost;  ///< An IP address, as people write it, IPv6 without brackets.
+  std::uint16_t port = 8080;        ///< 0: any that is free.
 
   bool isLoopback() const;
   bool isEveryAddress() const;  ///< Of this machine: 0.0.0.0 or ::.

@@ -4,13 +4,16 @@
 #include <bit>
 
 #include "host/touch_commands.h"
-#include "platform/uikit/touch_dispatcher.h"
 
 namespace host {
 namespace {
 
 constexpr double messagesPerSecond = 2000;
 constexpr double messagesAtOnce = 4000;
+
+constexpr std::size_t pictureOffset = 0;
+constexpr std::size_t touchOffset = pictureOffset + sizeof(std::uint32_t);
+constexpr std::size_t timeOffset = touchOffset + sizeof(std::uint32_t);
 
 /// Writes `value` from byte `at` on, its lowest byte first.
 template <class Value>
@@ -20,9 +23,9 @@ void put(PictureHead& head, std::size_t at, Value value) {
 
 PictureHead headOf(std::uint32_t picture, std::uint32_t touch, CFTimeInterval time) {
   PictureHead head{};
-  put(head, 0, picture);
-  put(head, 4, touch);
-  put(head, 8, std::bit_cast<std::uint64_t>(time));
+  put(head, pictureOffset, picture);
+  put(head, touchOffset, touch);
+  put(head, timeOffset, std::bit_cast<std::uint64_t>(time));
   return head;
 }
 
@@ -38,16 +41,11 @@ WallTime LiveClient::timeOf(const TouchMessage& message, WallTime now) {
 void LiveClient::touch(const TouchMessage& message, CFTimeInterval time) {
   // Neither before the touch that came before it nor after now.
   lastTouchTime_ = std::clamp(time, lastTouchTime_, RunLoop::main().now());
-  performTouch(message.touch, number(message.touch.finger), lastTouchTime_);
+  performTouch(message.touch, firstFinger(), lastTouchTime_);
   lastTouch_ = message.number;
 }
 
-void LiveClient::leave(CFTimeInterval time) {
-  TouchDispatcher& dispatcher = TouchDispatcher::shared();
-  for (int finger = 0; finger < mostFingers; ++finger) {
-    if (dispatcher.isDown(number(finger))) dispatcher.cancel(number(finger), time);
-  }
-}
+void LiveClient::leave(CFTimeInterval time) { cancelTouches(firstFinger(), time); }
 
 void LiveClient::arrived(std::uint32_t picture) {
   if (picture == sent_) underWay_ = false;

@@ -18,6 +18,7 @@ class LiveClient {
 
   WebClient& connection() const { return connection_; }
   int place() const { return place_; }
+  /// Counts a message; false for one too many.
   bool takeMessage(WallTime now) { return limit_.take(now); }
 
   /// When, by our clock, the touch happened.
@@ -37,7 +38,7 @@ class LiveClient {
   void sendPictureOf(LiveScreen& screen);
 
  private:
-  int number(int finger) const { return place_ * mostFingers + finger; }
+  int firstFinger() const { return place_ * mostFingers; }
 
   WebClient& connection_;  // The server's.
   int place_;

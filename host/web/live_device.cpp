@@ -1,9 +1,9 @@
 #include "host/web/live_device.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "host/describe.h"
+#include "host/device_clock.h"
 #include "host/device_commands.h"
 #include "host/inspection.h"
 #include "host/settings/bad_setting.h"
@@ -13,14 +13,9 @@
 namespace host {
 namespace {
 
-constexpr CFTimeInterval step = 1.0 / 60;
-constexpr CFTimeInterval minute = 60;
-
 std::string message(const char* name, const Json& value) { return jsonLine(Json::object({{name, value}})); }
 
 std::string settingsText(const PreferencePanes& panes) { return message("settings", panes.describe()); }
-
-CFTimeInterval minuteAfter(CFTimeInterval time) { return (std::floor(time / minute) + 1) * minute; }
 
 }  // namespace
 
@@ -37,7 +32,7 @@ class LiveDevice::Performer {
   void operator()(const ShownMessage& shown) { client_.arrived(shown.picture); }
   void operator()(const PaceMessage& pace) { device_.pace_.setFactor(pace.factor, now_); }
   void operator()(const StepMessage&) {
-    if (device_.pace_.stands()) device_.pace_.skip(step);
+    if (device_.pace_.stands()) device_.pace_.skip(LiveScreen::secondsPerFrame);
   }
   void operator()(const InspectMessage& question) { answer("inspection", inspect(question.point)); }
   void operator()(const DescribeAllCommand& question) {
@@ -60,11 +55,11 @@ class LiveDevice::Performer {
   WallTime now_;
 };
 
-LiveDevice::LiveDevice(SpringBoard& springBoard, const PreferencePanes& panes, WallTime now)
+LiveDevice::LiveDevice(SpringBoard& springBoard, PreferencePanes& panes, WallTime now)
     : springBoard_(springBoard),
       panes_(panes),
       pace_(now, RunLoop::main().now()),
-      nextMinute_(minuteAfter(RunLoop::main().now())) {
+      nextClockChange_(nextClockChange(RunLoop::main().now())) {
   // Whoever changes a settings file says so; the panes then show what it holds.
   for (const std::string& name : panes_.notifications()) {
     CFNotificationCenterAddObserver(
@@ -138,24 +133,23 @@ void LiveDevice::turn(WallTime now) {
 void LiveDevice::catchUp(WallTime now) {
   RunLoop& loop = RunLoop::main();
   loop.advanceTo(pace_.deviceTime(now));
-  if (loop.now() < nextMinute_) return;
-  nextMinute_ = minuteAfter(loop.now());
+  if (loop.now() < nextClockChange_) return;
+  nextClockChange_ = nextClockChange(loop.now());
   springBoard_.updateClocks();
 }
 
 std::optional<WallTime> LiveDevice::nextTurn() const {
   const RunLoop& loop = RunLoop::main();
-  const CFTimeInterval due = loop.idle() ? nextMinute_ : std::min(loop.nextDue(), nextMinute_);
+  const CFTimeInterval due = loop.idle() ? nextClockChange_ : std::min(loop.nextDue(), nextClockChange_);
   std::optional<WallTime> next = pace_.wallTime(due);
-  const bool drawsOn = screen_.mayHaveChanged() || (CALayer::anyIsAnimating() && !pace_.stands());
-  if (anyoneReady() && drawsOn) next = next ? std::min(*next, screen_.nextDrawing()) : screen_.nextDrawing();
-  return next;
+  const auto drawing = anyoneReady() ? screen_.nextDrawing(!pace_.stands()) : std::nullopt;
+  return next && drawing ? std::min(next, drawing) : next ? next : drawing;
 }
 
 // What clients are told.
 
 void LiveDevice::sendPictures(WallTime now) {
-  if (anyoneReady() && screen_.mayHaveChanged() && now >= screen_.nextDrawing()) {
+  if (anyoneReady() && screen_.shouldDraw(now)) {
     for (LiveClient& client : clients_) client.noteDrawing();
     screen_.draw(now);
   }

@@ -15,11 +15,12 @@ namespace host {
 
 /// The device in real time, in the hands of its clients: their messages in, pictures and state out.
 ///
-/// It reads no clock: every call says what time it is, and `turn` is due by `nextTurn` at the latest.
+/// It reads no clock: every call says what time it is, and `turn` is due by `nextTurn` at the latest. It is
+/// told of a client from `joined` to `left`, which always comes, and of none other. All on one thread.
 class LiveDevice {
  public:
   /// The device's time goes on from `now` at the real speed. The others outlive this object.
-  LiveDevice(SpringBoard& springBoard, const PreferencePanes& panes, WallTime now);
+  LiveDevice(SpringBoard& springBoard, PreferencePanes& panes, WallTime now);
   ~LiveDevice();
   LiveDevice(const LiveDevice&) = delete;
   LiveDevice& operator=(const LiveDevice&) = delete;
@@ -51,13 +52,13 @@ class LiveDevice {
   bool anyoneReady() const;
 
   SpringBoard& springBoard_;
-  const PreferencePanes& panes_;
+  PreferencePanes& panes_;
   Pace pace_;
-  std::list<LiveClient> clients_;
+  std::list<LiveClient> clients_;  // A list: they stay where they are.
   LiveScreen screen_;
   std::string toldState_;         // As everybody knows it.
   bool settingsChanged_ = false;  // Since they were last told.
-  CFTimeInterval nextMinute_ = 0;
+  CFTimeInterval nextClockChange_ = 0;
   bool respringWanted_ = false;
 };
 

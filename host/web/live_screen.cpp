@@ -3,13 +3,14 @@
 #include <algorithm>
 
 #include "platform/coregraphics/image_codec.h"
-#include "platform/quartzcore/ca_layer.h"
+#include "platform/quartzcore/screen_changes.h"
 #include "platform/uikit/display.h"
 
 namespace host {
 namespace {
 
-constexpr double secondsPerFrame = 1.0 / 60;
+// Seconds between two drawings where touches bring them forward: well below a frame, so that touches that
+// come once a frame are never in vain, however unevenly they arrive.
 constexpr double shortestFrame = 0.010;
 constexpr CGFloat quality = 0.9f;
 
@@ -21,25 +22,31 @@ std::shared_ptr<const NSData> LiveScreen::jpeg() {
 }
 
 bool LiveScreen::mayHaveChanged() const {
-  if (!picture_ || CALayer::changeCount() != changesDrawn_) return true;
-  return CALayer::anyIsAnimating() && RunLoop::main().now() > timeDrawn_;
+  if (!picture_ || screenChangeCount() != changesDrawn_) return true;
+  return anyAnimationRuns() && RunLoop::main().now() > timeDrawn_;
+}
+
+bool LiveScreen::shouldDraw(WallTime now) const { return mayHaveChanged() && now >= nextDrawing_; }
+
+std::optional<WallTime> LiveScreen::nextDrawing(bool timeRuns) const {
+  const bool willChange = mayHaveChanged() || (anyAnimationRuns() && timeRuns);
+  return willChange ? std::optional(nextDrawing_) : std::nullopt;
 }
 
 void LiveScreen::hurry() { nextDrawing_ = std::min(nextDrawing_, lastDrawing_ + shortestFrame); }
 
-bool LiveScreen::draw(WallTime now) {
+void LiveScreen::draw(WallTime now) {
   // On a grid, so that one late frame does not delay all that follow; after a rest the grid starts anew.
   lastDrawing_ = now;
   const bool isOnGrid = now - nextDrawing_ < secondsPerFrame;
   nextDrawing_ = (isOnGrid ? nextDrawing_ : now) + secondsPerFrame;
   timeDrawn_ = RunLoop::main().now();
-  changesDrawn_ = CALayer::changeCount();
+  changesDrawn_ = screenChangeCount();
   CGImageRef picture = UIGetScreenImage();
-  if (picture_ && CGImage::samePixels(*picture_, *picture)) return false;
+  if (picture_ && CGImage::samePixels(*picture_, *picture)) return;
   picture_ = std::move(picture);
   jpeg_ = nullptr;
   ++version_;
-  return true;
 }
 
 }  // namespace host

@@ -16,7 +16,7 @@ class Pace {
   double factor() const { return factor_; }
   bool stands() const { return factor_ == 0; }
   void setFactor(double factor, WallTime now);
-  /// Moves the device's time on by itself.
+  /// Moves the device's time on without any real one passing.
   void skip(CFTimeInterval seconds) { device_ += seconds; }
 
   CFTimeInterval deviceTime(WallTime wall) const { return device_ + (wall - wall_) * factor_; }

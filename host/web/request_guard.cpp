@@ -44,7 +44,7 @@ bool RequestGuard::knowsToken(const RequestClaims& claims) const {
 
 std::string pageAddress(const ListenAddress& address, const std::optional<std::string>& token) {
   const std::string page = fmt::format("{}{}/", scheme, address.authority());
-  return token ? fmt::format("{}?token={}", page, *token) : page;
+  return token ? fmt::format("{}?{}{}", page, tokenParameter, *token) : page;
 }
 
 bool isToken(std::string_view text) {

@@ -34,6 +34,8 @@ class RequestGuard {
   std::optional<std::string> token_;
 };
 
+/// How an address says the token, before the token itself.
+inline constexpr std::string_view tokenParameter = "token=";
 /// What to type into a browser for a server at `address`.
 std::string pageAddress(const ListenAddress& address, const std::optional<std::string>& token);
 

@@ -13,6 +13,7 @@
 #include <system_error>
 
 #include "host/failure.h"
+#include "host/web/request_guard.h"
 
 namespace host {
 namespace {
@@ -40,6 +41,7 @@ std::optional<Inheritance> takeInheritance() {
   const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), result.socket);
   if (error != std::errc()) return std::nullopt;
   if (*rest == ' ') result.token = rest + 1;
+  if (result.token && !isToken(*result.token)) return std::nullopt;
   return result;
 }
 

@@ -18,17 +18,19 @@ enum class CloseCode : std::uint16_t {
   TryAgainLater = 1013,    ///< Too many are here.
 };
 
-/// What goes before a picture's bytes.
+/// What goes before a picture's bytes: its number (32 bits), the number of the last touch that it can show
+/// (32 bits) and the device's time (a double), lowest byte first.
 using PictureHead = std::array<std::uint8_t, 16>;
 
 /// One browser at the other end of a WebSocket. Owned by the server.
 class WebClient {
  public:
-  /// Queued, and sent as fast as the other end reads. One that lets too much pile up is dropped.
+  /// Queued, and sent as fast as the other end reads. One that lets too much text pile up is dropped.
   virtual void sendText(std::string text) = 0;
-  /// One binary message; `picture` is shared by those that it goes to.
+  /// One binary message; `picture` is shared by those that it goes to. How many are under way is for the
+  /// sender to know.
   virtual void sendPicture(const PictureHead& head, std::shared_ptr<const NSData> picture) = 0;
-  /// Nothing that it sends is heard after this.
+  /// Nothing is sent to it or heard of it after this but, in the end, that it has left.
   virtual void close(CloseCode code, std::string_view reason) = 0;
 
  protected:

@@ -9,6 +9,7 @@
 #include <boost/beast/core.hpp>
 #include <boost/beast/http.hpp>
 #include <boost/beast/websocket.hpp>
+#include <charconv>
 #include <chrono>
 #include <deque>
 #include <set>
@@ -38,9 +39,9 @@ constexpr auto silenceTimeout = 30s;  // Pinged after half of it.
 constexpr auto closingTimeout = 1s;
 constexpr auto acceptRetry = 100ms;  // After the machine had no socket to give.
 
+constexpr std::string_view pagePath = "/";
 constexpr std::string_view socketPath = "/socket";
 constexpr std::string_view iconsPath = "/icons/";
-constexpr std::string_view tokenParameter = "token=";
 
 /// Nothing but this server's own files, and no page of others around them.
 constexpr const char* contentPolicy =
@@ -57,20 +58,41 @@ std::string_view cut(std::string_view text, std::size_t most) {
   return text.substr(0, most);
 }
 
-/// "/icons/x?token=y" in its parts.
+/// A path with its %XX read; a '%' that begins none stands for itself.
+std::string decoded(std::string_view path) {
+  constexpr std::size_t escapeLength = 3;
+  constexpr int hexadecimal = 16;
+  std::string result;
+  for (std::size_t at = 0; at < path.size(); ++at) {
+    std::uint8_t byte = 0;
+    const std::string_view escape = path.substr(at, escapeLength);
+    const char* end = escape.data() + escape.size();
+    const bool isEscape = escape.size() == escapeLength && escape[0] == '%' &&
+                          std::from_chars(escape.data() + 1, end, byte, hexadecimal).ptr == end;
+    result += isEscape ? char(byte) : path[at];
+    if (isEscape) at += escapeLength - 1;
+  }
+  return result;
+}
+
+/// "/icons/x?token=y" in its parts, the path with its %XX read.
 struct Target {
-  explicit Target(std::string_view text) : path(text.substr(0, text.find('?'))) {
-    if (path.size() == text.size()) return;
-    const std::string_view query = text.substr(path.size() + 1);
+  explicit Target(std::string_view text) {
+    const std::string_view encoded = text.substr(0, text.find('?'));
+    path = decoded(encoded);
+    if (encoded.size() == text.size()) return;
+    const std::string_view query = text.substr(encoded.size() + 1);
     if (query.starts_with(tokenParameter)) token = query.substr(tokenParameter.size());
   }
-  std::string_view path, token;
+  std::string path;
+  std::string_view token;  // Of the text.
 };
 
 /// Someone at the other end of a socket, whatever is spoken over it.
 class Connection {
  public:
   virtual ~Connection() = default;
+  /// The server stops: says so, where there is somebody to be told.
   virtual void stop(CloseCode code, std::string_view reason) = 0;
   /// At once, and without a word.
   virtual void drop() = 0;
@@ -87,7 +109,7 @@ class WebServerState {
   void add(Connection& connection) { connections.insert(&connection); }
   void remove(Connection& connection) {
     connections.erase(&connection);
-    if (stopping && connections.empty()) closingTimer.cancel();
+    if (stopped && connections.empty()) closingTimer.cancel();
   }
 
   asio::io_context& loop;
@@ -98,20 +120,27 @@ class WebServerState {
   WebApplication* application = nullptr;
   std::set<Connection*> connections;  // Each takes itself out.
   std::size_t clients = 0;            // Those of them that the application knows.
-  bool stopping = false;
+  struct Stop {
+    CloseCode code;
+    std::string reason;
+  };
+  std::optional<Stop> stopped;
 };
 
 namespace {
 
-using ServerState = std::shared_ptr<WebServerState>;
+using Shared = std::shared_ptr<WebServerState>;
 
 /// A WebSocket. Pending operations keep it alive; it goes when reading has ended.
-class Client final : public WebClient, public Connection, public std::enable_shared_from_this<Client> {
+class WebSocketConnection final : public WebClient,
+                                  public Connection,
+                                  public std::enable_shared_from_this<WebSocketConnection> {
  public:
-  Client(ServerState server, tcp::socket socket) : server_(std::move(server)), stream_(std::move(socket)) {
+  WebSocketConnection(Shared server, tcp::socket socket)
+      : server_(std::move(server)), stream_(std::move(socket)) {
     server_->add(*this);
   }
-  ~Client() override { server_->remove(*this); }
+  ~WebSocketConnection() override { server_->remove(*this); }
 
   void start(const http::request<http::empty_body>& request) {
     stream_.set_option(websocket::stream_base::timeout{handshakeTimeout, silenceTimeout, true});
@@ -122,6 +151,7 @@ class Client final : public WebClient, public Connection, public std::enable_sha
   }
 
   void sendText(std::string text) override {
+    if (closing_) return;
     textWaiting_ += text.size();
     if (textWaiting_ > mostTextWaiting) return drop();
     enqueue({true, std::move(text), nullptr});
@@ -139,7 +169,9 @@ class Client final : public WebClient, public Connection, public std::enable_sha
     stream_.async_close(why, [self = shared_from_this()](error_code) {});
   }
 
-  void stop(CloseCode code, std::string_view reason) override { close(code, reason); }
+  void stop(CloseCode code, std::string_view reason) override {
+    if (entered_) close(code, reason);  // Otherwise it is told as soon as it can be.
+  }
   void drop() override {
     closing_ = true;
     beast::get_lowest_layer(stream_).close();
@@ -153,10 +185,11 @@ class Client final : public WebClient, public Connection, public std::enable_sha
   };
 
   void enter() {
-    if (closing_ || server_->stopping) return close(CloseCode::GoingAway, "the device is off");
+    if (server_->stopped) return close(server_->stopped->code, server_->stopped->reason);
     if (server_->clients >= mostClients)
       return close(CloseCode::TryAgainLater, fmt::format("{} clients are here already", mostClients));
     ++server_->clients;
+    entered_ = true;
     server_->application->joined(*this);
     read();
   }
@@ -208,21 +241,22 @@ class Client final : public WebClient, public Connection, public std::enable_sha
     if (!queue_.empty() && !closing_) write();
   }
 
-  ServerState server_;
+  Shared server_;
   websocket::stream<beast::tcp_stream> stream_;
   beast::flat_buffer buffer_;
   std::deque<Message> queue_;  // The first one is being written.
   std::size_t textWaiting_ = 0;
+  bool entered_ = false;  // The application knows it.
   bool closing_ = false;
 };
 
 /// Answers requests for files, until one asks for the WebSocket. Pending operations keep it alive.
-class Requests final : public Connection, public std::enable_shared_from_this<Requests> {
+class HttpConnection final : public Connection, public std::enable_shared_from_this<HttpConnection> {
  public:
-  Requests(ServerState server, tcp::socket socket) : server_(std::move(server)), stream_(std::move(socket)) {
+  HttpConnection(Shared server, tcp::socket socket) : server_(std::move(server)), stream_(std::move(socket)) {
     server_->add(*this);
   }
-  ~Requests() override { server_->remove(*this); }
+  ~HttpConnection() override { server_->remove(*this); }
 
   void read() {
     parser_.emplace();
@@ -247,17 +281,18 @@ class Requests final : public Connection, public std::enable_shared_from_this<Re
     if (auto origin = request.find(http::field::origin); origin != request.end())
       claims.origin = view(origin->value());
 
+    const WebResource* file = server_->page->find(target.path);
+    // Its parts are everybody's; the page itself says early that the token is missing.
+    const bool needsToken = !file || target.path == pagePath;
     if (!server_->guard->isForUs(claims)) return refuse(request, http::status::forbidden, "not from there");
-    const bool isPublic = target.path != "/" && server_->page->find(target.path) != nullptr;
-    if (!isPublic && !server_->guard->knowsToken(claims))
+    if (needsToken && !server_->guard->knowsToken(claims))
       return refuse(request, http::status::forbidden, "the address lacks its token");
     if (request.method() != http::verb::get && request.method() != http::verb::head)
       return refuse(request, http::status::method_not_allowed, "only for reading");
     if (target.path == socketPath) return upgrade(request);
-    if (const WebResource* file = server_->page->find(target.path))
-      return answer(request, http::status::ok, *file);
+    if (file) return answer(request, http::status::ok, *file);
     if (target.path.starts_with(iconsPath)) {
-      if (auto icon = server_->application->icon(target.path.substr(iconsPath.size())))
+      if (auto icon = server_->application->icon(std::string_view(target.path).substr(iconsPath.size())))
         return answer(request, http::status::ok, *icon);
     }
     refuse(request, http::status::not_found, "nothing there");
@@ -267,7 +302,7 @@ class Requests final : public Connection, public std::enable_shared_from_this<Re
     if (!websocket::is_upgrade(request))
       return refuse(request, http::status::upgrade_required, "a WebSocket is here");
     stream_.expires_never();
-    std::make_shared<Client>(server_, stream_.release_socket())->start(request);
+    std::make_shared<WebSocketConnection>(server_, stream_.release_socket())->start(request);
   }
 
   void refuse(const Request& request, http::status status, std::string_view reason) {
@@ -292,15 +327,15 @@ class Requests final : public Connection, public std::enable_shared_from_this<Re
                       });
   }
 
-  ServerState server_;
+  Shared server_;
   beast::tcp_stream stream_;
   beast::flat_buffer buffer_;
   std::optional<http::request_parser<http::empty_body>> parser_;  // Of the request being read.
 };
 
-void accept(const ServerState& server) {
+void accept(const Shared& server) {
   server->acceptor.async_accept([server](error_code error, tcp::socket socket) {
-    if (server->stopping) return;
+    if (server->stopped) return;
     if (error) {
       server->acceptTimer.expires_after(acceptRetry);
       return server->acceptTimer.async_wait([server](error_code stopped) {
@@ -310,7 +345,7 @@ void accept(const ServerState& server) {
     if (server->connections.size() < mostConnections) {
       error_code ignored;  // Then it is merely slower.
       socket.set_option(tcp::no_delay(true), ignored);
-      std::make_shared<Requests>(server, std::move(socket))->read();
+      std::make_shared<HttpConnection>(server, std::move(socket))->read();
     }
     accept(server);
   });
@@ -355,7 +390,7 @@ void WebServer::serve(const RequestGuard& guard, const PageFiles& page, WebAppli
 }
 
 void WebServer::stop(CloseCode code, std::string_view reason) {
-  state_->stopping = true;
+  state_->stopped = {code, std::string(reason)};
   state_->acceptor.cancel();
   state_->acceptTimer.cancel();
   const auto open = state_->connections;

@@ -3,20 +3,18 @@
 #include <boost/asio/io_context.hpp>
 #include <memory>
 
+#include "host/web/listening_socket.h"
 #include "host/web/page_files.h"
 #include "host/web/request_guard.h"
 #include "host/web/web_application.h"
 
 namespace host {
 
-/// A socket that listens: a number of the operating system's.
-using ListeningSocket = int;
-
 class WebServerState;
 
 /// Serves a page and its WebSocket, on the loop that it was made with; nothing happens but while that runs.
-/// What a client does wrong, or how slowly it reads, is between it and the server: the application hears of
-/// well-behaved ones only.
+/// Who gets in, how many, how long a message may be and how slowly somebody may read is between clients and
+/// the server; what they say, and how often, is the application's business.
 class WebServer {
  public:
   /// Listens there at once; connections wait until `serve`. Throws Failure where nobody can.

@@ -10,8 +10,9 @@ using CFTimeInterval = double;
 
 /// The main run loop: the only clock of the process, and the order in which timed work happens.
 ///
-/// Its time moves only when it is told, by a script or by a test. Work runs in time order, ties in order of
-/// scheduling; while a piece of work runs, now() is the time that it was scheduled for.
+/// Its time moves only when it is told: by a script, by a test, or by a server as real time passes. Work runs
+/// in time order, ties in order of scheduling; while a piece of work runs, now() is the time that it was
+/// scheduled for.
 class RunLoop {
  public:
   using Token = std::uint64_t;

@@ -29,12 +29,9 @@ bool hasArea(CGRect rect) { return rect.size.width > 0 && rect.size.height > 0; 
 
 }  // namespace
 
-std::uint64_t CALayer::changeCount_ = 0;
-std::size_t CALayer::animationCount_ = 0;
-
 CALayer::~CALayer() {
   for (auto& sublayer : sublayers_) sublayer->superlayer_ = nullptr;
-  animationCount_ -= animations_.size();
+  noteAnimations(-int(animations_.size()));
   for (auto& animation : animations_) animation.block->animationRemoved();
 }
 
@@ -53,7 +50,7 @@ void CALayer::change(Key key, T CALayerGeometry::*field, const T& value) {
   const CALayerGeometry onScreen = presentationAt(now);
   removeAnimation(key);
   animations_.push_back({key, onScreen, now, block->duration(), block->timing(), block->shared_from_this()});
-  ++animationCount_;
+  noteAnimations(1);
   assign(model_.*field, value);
   block->animationAdded(std::static_pointer_cast<CALayer>(shared_from_this()));
 }
@@ -63,14 +60,15 @@ void CALayer::removeAnimation(Key key) {
   if (found == animations_.end()) return;
   auto block = std::move(found->block);
   animations_.erase(found);
-  --animationCount_;
+  noteAnimations(-1);
   block->animationRemoved();
 }
 
 void CALayer::endAnimationsOf(const CAAnimationBlock& block) {
-  animationCount_ -=
+  const auto ended =
       std::erase_if(animations_, [&](const Animation& animation) { return animation.block.get() == &block; });
-  noteChange();  // Its last moment on screen was short of the end.
+  noteAnimations(-int(ended));
+  noteScreenChange();  // Its last moment on screen was short of the end.
 }
 
 CALayerGeometry CALayer::presentationAt(CFTimeInterval time) const {
@@ -145,7 +143,7 @@ void CALayer::insertSublayer(std::shared_ptr<CALayer> layer, std::size_t index) 
   layer->superlayer_ = this;
   const auto place = std::min(index, sublayers_.size());
   sublayers_.insert(sublayers_.begin() + static_cast<std::ptrdiff_t>(place), std::move(layer));
-  noteChange();
+  noteScreenChange();
 }
 
 void CALayer::removeFromSuperlayer() {
@@ -155,7 +153,7 @@ void CALayer::removeFromSuperlayer() {
   auto place = std::ranges::find(siblings, this, &std::shared_ptr<CALayer>::get);
   const auto self = std::move(*place);  // May be the last to own this layer.
   siblings.erase(place);
-  noteChange();
+  noteScreenChange();
 }
 
 // Content.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -12,6 +11,7 @@
 #include "platform/quartzcore/ca_animation_block.h"
 #include "platform/quartzcore/ca_filter.h"
 #include "platform/quartzcore/ca_transform3d.h"
+#include "platform/quartzcore/screen_changes.h"
 #include "platform/runtime/ns_object.h"
 
 /// What backs a layer: a view. Its layer's changes animate inside animation blocks.
@@ -130,19 +130,12 @@ class CALayer : public NSObject {
   /// Called by the block that owns them: ends the animations of `block`.
   void endAnimationsOf(const CAAnimationBlock& block);
 
-  /// Grows with every change of any layer that a frame could show. While it stays, and no layer animates, so
-  /// does the screen.
-  static std::uint64_t changeCount() { return changeCount_; }
-  /// For what changes the screen beside the layers, as the order of windows does.
-  static void noteChange() { ++changeCount_; }
-  /// True while any layer has an animation under way.
-  static bool anyIsAnimating() { return animationCount_ > 0; }
-
  protected:
+  /// Sets a property of a layer's looks and notes that the screen changes. Nothing animates.
   template <class T>
   void assign(T& property, T value) {
     property = std::move(value);
-    noteChange();
+    noteScreenChange();
   }
 
  private:
@@ -162,10 +155,6 @@ class CALayer : public NSObject {
   template <class T>
   void change(Key key, T CALayerGeometry::*field, const T& value);
   void removeAnimation(Key key);
-
-  // Of all layers. Not inline: libraries that are loaded later must not get counts of their own.
-  static std::uint64_t changeCount_;
-  static std::size_t animationCount_;
 
   CALayerGeometry model_;
   std::vector<Animation> animations_;  // At most one a key.

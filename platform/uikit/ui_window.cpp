@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/foundation/trace.h"
+#include "platform/quartzcore/screen_changes.h"
 
 namespace {
 
@@ -27,7 +28,7 @@ void moveToFrontOfLevel(UIWindow& window) {
     return other->windowLevel() > window.windowLevel();
   });
   windows.insert(nextLevel, &window);
-  CALayer::noteChange();
+  noteScreenChange();
 }
 
 }  // namespace
@@ -40,7 +41,7 @@ UIWindow::UIWindow(CGRect frame) : UIView(frame) {
 UIWindow::~UIWindow() {
   std::erase(windowOrder(), this);
   std::erase(keyOrder(), this);
-  CALayer::noteChange();
+  noteScreenChange();
 }
 
 void UIWindow::setWindowLevel(CGFloat level) {

@@ -45,7 +45,8 @@ const char* everyDefault = R"([{"title": "T", "items": [
    "min": 5, "max": 60, "step": 1, "respring": false},
   {"cell": "slider", "domain": "some", "key": "real", "label": "L", "value": 0.7,
    "min": 0.3, "max": 1, "step": 0.05, "respring": false},
-  {"cell": "color", "domain": "some", "key": "color", "label": "L", "value": "#808080", "respring": true},
+  {"cell": "color", "domain": "some", "key": "color", "label": "L", "value": "#808080", "respring": true,
+   "due": false},
   {"cell": "app", "domain": "some", "key": "app", "label": "L", "value": null, "respring": false},
   {"cell": "apps", "domain": "list", "keyPrefix": "P-", "label": "L",
    "values": {"a.one": false, "a.two": false}, "respring": false}]}])";
@@ -61,7 +62,7 @@ class PreferencePanesTest : public TemporaryRoot {
 };
 
 TEST_F(PreferencePanesTest, ShowWhatTheFilesHoldAndDefaultsWhereTheyHoldNothingUsable) {
-  const PreferencePanes panes = panesOf(everyCell);
+  PreferencePanes panes = panesOf(everyCell);
   EXPECT_EQ(panes.describe(), Json::parse(everyDefault));
   Dictionary wrong;
   for (const char* key : {"flag", "choice", "whole", "real", "color", "app"}) wrong.emplace(key, NSData{1});
@@ -76,10 +77,11 @@ TEST_F(PreferencePanesTest, ShowWhatTheFilesHoldAndDefaultsWhereTheyHoldNothingU
   for (std::size_t i = 1; i < items.size(); ++i) shown.push_back(items[i].value("value", items[i]["values"]));
   EXPECT_EQ(shown, Json::parse(R"([true, "Z", 70, 0.2, "#ff8000", "uninstalled",
                                    {"a.one": false, "a.two": true}])"));
+  EXPECT_TRUE(items[5]["due"]);  // The colour differs from the one at the start.
 }
 
 TEST_F(PreferencePanesTest, StoreWhatAControlCanHoldAndStartAMissingFileFromItsDefaults) {
-  const PreferencePanes panes = panesOf(everyCell);
+  PreferencePanes panes = panesOf(everyCell);
   const float gray = 128.0f / 255;
   Dictionary expected{{"choice", "A"}, {"whole", 15}, {"real", 0.7}, {"color", archived(gray, gray, gray)}};
   const std::tuple<const char*, Json, PropertyList> cases[] = {
@@ -112,7 +114,7 @@ TEST_F(PreferencePanesTest, StoreWhatAControlCanHoldAndStartAMissingFileFromItsD
 }
 
 TEST_F(PreferencePanesTest, RefuseEverythingElseInOneLineAndChangeNothing) {
-  const PreferencePanes panes = panesOf(everyCell);
+  PreferencePanes panes = panesOf(everyCell);
   const auto refusal = [&](const char* domain, const std::string& key, const Json& value) -> std::string {
     try {
       panes.set(domain, key, value);
@@ -153,7 +155,7 @@ TEST_F(PreferencePanesTest, AreLeftOutWithALineWhereAnythingIsNotUsable) {
         Case{whole, "default", 1.5, "default is not a whole number from 5 to 60"}}) {
     Dictionary row = good;
     row.insert_or_assign(key, value);
-    const PreferencePanes panes = panesOf(PropertyListArray{flag, row});
+    PreferencePanes panes = panesOf(PropertyListArray{flag, row});
     EXPECT_EQ(panes.warnings(), std::vector{paneFile + std::string(": item 2: ") + cause});
   }
   EXPECT_EQ(panesOf("text").warnings(), std::vector{paneFile + std::string(": no usable items")});
@@ -161,7 +163,7 @@ TEST_F(PreferencePanesTest, AreLeftOutWithALineWhereAnythingIsNotUsable) {
 
 TEST(SwitcherPane, HasEveryKeyAtItsDefaultAndTakesEffect) {
   vistrel::test::TestDevice device;
-  const PreferencePanes panes(device.springBoard().applications());
+  PreferencePanes panes(device.springBoard().applications());
   EXPECT_EQ(panes.warnings(), std::vector<std::string>());
   const Dictionary written = device.readPreferences();  // By the switcher, for want of a file.
   const Json shown = panes.describe();

@@ -1,6 +1,7 @@
 // The cells about applications: one of them, or a switch for each.
 
-import { iconAddress } from './address.js';
+import { makeAppIcon } from './app_icon.js';
+import { onlyForOtherApps } from './app_list.js';
 import { controlData, createGroupRow, createRow } from './cell_row.js';
 import { freshId, make } from './elements.js';
 
@@ -10,19 +11,17 @@ export function createAppCell(item, set) {
   const select = make('select', { data: controlData(item) });
   let apps = [];
   let chosen = '';
-  let offered = '';
   select.addEventListener('change', () => set(item.key, select.value || null));
+
+  const offer = onlyForOtherApps((offers) => {
+    select.replaceChildren(...offers.map(({ bundle, name }) =>
+      make('option', { value: bundle, textContent: name })));
+  });
 
   function show() {
     // An application that is set but not installed can still be seen, and taken away.
     const isInstalled = chosen === '' || apps.some(({ bundle }) => bundle === chosen);
-    const offers = [none, ...apps, ...(isInstalled ? [] : [{ bundle: chosen, name: chosen }])];
-    const names = JSON.stringify(offers.map(({ bundle, name }) => [bundle, name]));
-    if (names !== offered) {
-      offered = names;
-      select.replaceChildren(...offers.map(({ bundle, name }) =>
-        make('option', { value: bundle, textContent: name })));
-    }
+    offer([none, ...apps, ...(isInstalled ? [] : [{ bundle: chosen, name: chosen }])]);
     select.value = chosen;
   }
 
@@ -40,11 +39,10 @@ export function createAppCell(item, set) {
 }
 
 export function createAppListCell(item, set) {
-  const list = make('ul', { className: 'app-switches' });
+  const list = make('ul');
   list.setAttribute('role', 'list');
-  let inputs = new Map(); // By bundle.
+  const inputs = new Map(); // By bundle.
   let values = {};
-  let offered = '';
 
   function createSwitch({ bundle, name }) {
     const key = item.keyPrefix + bundle;
@@ -57,11 +55,15 @@ export function createAppListCell(item, set) {
     input.setAttribute('role', 'switch');
     input.addEventListener('change', () => set(key, input.checked));
     inputs.set(bundle, input);
-    const icon = make('img', { src: iconAddress(bundle), alt: '', draggable: false });
-    icon.addEventListener('error', () => icon.classList.add('missing'));
-    const label = make('label', { htmlFor: input.id, className: 'row-words app-words' }, icon, name);
+    const words = { htmlFor: input.id, className: 'row-words app-words' };
+    const label = make('label', words, makeAppIcon(bundle), name);
     return make('li', { className: 'row', data: { bundle } }, label, input);
   }
+
+  const offer = onlyForOtherApps((apps) => {
+    inputs.clear();
+    list.replaceChildren(...apps.map(createSwitch));
+  });
 
   function show() {
     for (const [bundle, input] of inputs) input.checked = values[bundle] ?? false;
@@ -74,12 +76,7 @@ export function createAppListCell(item, set) {
       show();
     },
     updateApps(apps) {
-      const names = JSON.stringify(apps.map(({ bundle, name }) => [bundle, name]));
-      if (names !== offered) {
-        offered = names;
-        inputs = new Map();
-        list.replaceChildren(...apps.map(createSwitch));
-      }
+      offer(apps);
       show();
     },
   };

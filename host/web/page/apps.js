@@ -1,18 +1,20 @@
 // The installed applications: a click launches one, another ends it.
 
-import { iconAddress } from './address.js';
+import { makeAppIcon } from './app_icon.js';
+import { onlyForOtherApps } from './app_list.js';
+import { make } from './elements.js';
 
-export function createApps(list, send) {
+/** Given the `list` to fill and `send`; `update(state)` takes the device's state. */
+export function createApps({ list, send }) {
   let rows = new Map(); // By bundle.
-  let shown = '';
+
+  const build = onlyForOtherApps((apps) => {
+    rows = new Map(apps.map((app) => [app.bundle, createRow(app, send)]));
+    list.replaceChildren(...[...rows.values()].map(({ row }) => row));
+  });
 
   function update({ apps, frontmost }) {
-    const installed = JSON.stringify(apps.map(({ bundle, name }) => [bundle, name]));
-    if (installed !== shown) {
-      shown = installed;
-      rows = new Map(apps.map((app) => [app.bundle, createRow(app, send)]));
-      list.replaceChildren(...[...rows.values()].map(({ row }) => row));
-    }
+    build(apps);
     for (const { bundle, running } of apps) rows.get(bundle).update(running, bundle === frontmost);
   }
 
@@ -20,42 +22,22 @@ export function createApps(list, send) {
 }
 
 function createRow({ bundle, name }, send) {
-  const row = document.createElement('li');
-  row.dataset.bundle = bundle;
-  row.className = 'app';
-
-  const launch = document.createElement('button');
-  launch.type = 'button';
-  launch.className = 'app-launch';
-  const icon = document.createElement('img');
-  icon.alt = '';
-  icon.src = iconAddress(bundle);
-  icon.draggable = false;
-  icon.addEventListener('error', () => icon.classList.add('missing'));
-  const label = document.createElement('span');
-  label.textContent = name;
-  const mark = document.createElement('span');
-  mark.className = 'app-mark';
-  launch.append(icon, label, mark);
+  const mark = make('span', { className: 'app-mark' });
+  const launch = make('button', { type: 'button', className: 'app-launch' },
+    makeAppIcon(bundle), make('span', { textContent: name }), mark);
   launch.addEventListener('click', () => send('launch', [bundle]));
 
-  const close = document.createElement('button');
-  close.type = 'button';
-  close.className = 'app-close';
-  close.textContent = 'Close';
+  const close = make('button', { type: 'button', className: 'app-close', textContent: 'Close' });
   close.setAttribute('aria-label', `Close ${name}`);
   close.addEventListener('click', () => {
     launch.focus();
     send('terminate', [bundle]);
   });
-  row.append(launch, close);
 
-  function update(running, inFront) {
-    row.dataset.running = running;
-    row.dataset.front = inFront;
-    close.hidden = !running;
-    mark.textContent = inFront ? 'in front' : '';
+  function update(isRunning, isInFront) {
+    close.hidden = !isRunning;
+    mark.textContent = isInFront ? 'in front' : '';
   }
 
-  return { row, update };
+  return { row: make('li', { className: 'app', data: { bundle } }, launch, close), update };
 }

@@ -9,7 +9,7 @@ export function controlData({ domain, key }) {
 
 /** The words of a row: its label, and that it takes effect later where it does. */
 function words({ label, respring }) {
-  const parts = [make('span', { className: 'row-label', textContent: label })];
+  const parts = [make('span', { textContent: label })];
   if (respring) parts.push(make('small', { className: 'quiet', textContent: 'After a respring' }));
   return parts;
 }

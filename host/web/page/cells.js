@@ -3,10 +3,8 @@
 import { createAppCell, createAppListCell } from './app_cells.js';
 import { createChoiceCell } from './choice_cell.js';
 import { controlData, createRow } from './cell_row.js';
+import { createDrag } from './drag.js';
 import { make } from './elements.js';
-import { createThrottle } from './throttle.js';
-
-const sendingInterval = 100; // Milliseconds between the values of a control that is being dragged.
 
 const creators = {
   switch: createSwitchCell,
@@ -38,18 +36,17 @@ function createSwitchCell(item, set) {
 }
 
 function createSliderCell(item, set) {
-  const step = item.step || 'any';
-  const input = make('input', { type: 'range', data: controlData(item) });
-  Object.assign(input, { min: item.min, max: item.max, step });
+  const { key, min, max, step } = item;
+  const input = make('input', { type: 'range', min, max, step, data: controlData(item) });
   const output = make('output', { className: 'slider-value' });
-  const decimals = (String(item.step ?? 0.01).split('.')[1] ?? '').length;
+  const decimals = (String(step).split('.')[1] ?? '').length;
   const show = () => { output.value = input.valueAsNumber.toFixed(decimals); };
-  const held = hold(input, (value) => set(item.key, value), () => input.valueAsNumber);
+  const drag = createDrag({ input, read: () => input.valueAsNumber, send: (value) => set(key, value) });
   input.addEventListener('input', show);
   return {
     row: createRow(item, input, output),
     update({ value }) {
-      if (held()) return;
+      if (drag.isHeld()) return;
       input.value = value;
       show();
     },
@@ -58,31 +55,11 @@ function createSliderCell(item, set) {
 
 function createColorCell(item, set) {
   const input = make('input', { type: 'color', data: controlData(item) });
-  const held = hold(input, (value) => set(item.key, value), () => input.value);
+  const drag = createDrag({ input, read: () => input.value, send: (value) => set(item.key, value) });
   return {
     row: createRow(item, input),
     update({ value }) {
-      if (!held()) input.value = value;
+      if (!drag.isHeld()) input.value = value;
     },
   };
-}
-
-/**
- * Sends what `input` says while it is being dragged, now and then, and its last value when it is let go.
- * Tells whether it is held: then what the device says is older than what the person sees, and must not be
- * shown.
- */
-function hold(input, send, value) {
-  const throttle = createThrottle(send, sendingInterval);
-  let isHeld = false;
-  input.addEventListener('input', () => {
-    isHeld = true;
-    throttle.offer(value());
-  });
-  input.addEventListener('change', () => {
-    isHeld = false;
-    throttle.settle();
-  });
-  input.addEventListener('blur', () => { isHeld = false; });
-  return () => isHeld;
 }

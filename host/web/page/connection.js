@@ -3,64 +3,68 @@
 const shortestWait = 250; // Milliseconds.
 const longestWait = 5000;
 const waitWhenRefused = 2000;
+const usualNotice = 'Reconnecting…';
 
-const closeCode = { goingAway: 1001, refused: 1008, respringing: 1012, full: 1013 };
-
-/** What to tell a person about a connection closed with this code and reason; null if it says nothing new. */
-function noticeFor({ code, reason }) {
-  switch (code) {
-    case closeCode.respringing: return 'Respringing…';
-    case closeCode.goingAway: return 'The device has been switched off. Waiting for it…';
-    case closeCode.full: return 'Too many pages show this device. Waiting for a place…';
-    case closeCode.refused: return `Closed: ${reason || 'no reason given'}. Reconnecting…`;
-    default: return null;
-  }
-}
+// By close code: what to tell a person about it, and how long to wait at least before the next attempt. Any
+// other code says nothing new.
+const closings = {
+  1001: { notice: () => 'The device has been switched off. Waiting for it…', leastWait: shortestWait },
+  1008: {
+    notice: (reason) => `Closed: ${reason || 'no reason given'}. Reconnecting…`,
+    leastWait: waitWhenRefused,
+  },
+  1012: { notice: () => 'Respringing…', leastWait: shortestWait },
+  1013: { notice: () => 'Too many pages show this device. Waiting for a place…', leastWait: waitWhenRefused },
+};
 
 /**
  * Connects to `address` and stays connected.
  *
- * `handlers`: `onOpen()`, `onClosed(notice, rebooting)` after every loss and every failed attempt,
- * `onText(object)` for each JSON message and `onPicture(buffer)` for each binary one. `rebooting` says that
- * the device starts afresh. Returns `send(verb, args, extra)`, which drops the message and returns false
- * while there is no connection.
+ * `onConnected()` comes before the first message of every connection, `onClosed(notice)` after every loss and
+ * every failed attempt, `onText(object)` for each JSON message and `onPicture(buffer)` for each binary one.
+ * Returns `send(verb, args, extra)`, which drops the message and returns false while there is no connection.
  */
-export function openConnection(address, handlers) {
+export function openConnection({ address, onConnected, onClosed, onText, onPicture }) {
   let socket = null;
   let timer = 0;
   let wait = shortestWait;
-  let notice = 'Reconnecting…';
+  let notice = usualNotice;
+  let isConnected = false;
 
   function open() {
     clearTimeout(timer);
     timer = 0;
     socket = new WebSocket(address);
     socket.binaryType = 'arraybuffer';
-    socket.addEventListener('open', handlers.onOpen);
     socket.addEventListener('message', receive);
     socket.addEventListener('close', lose);
   }
 
   function receive({ data }) {
-    if (typeof data !== 'string') {
-      handlers.onPicture(data);
-      return;
-    }
-    // A word from the device, and not the opening alone, is what shows that we are let in.
-    wait = shortestWait;
-    notice = 'Reconnecting…';
-    handlers.onText(JSON.parse(data));
+    if (!isConnected) beConnected();
+    if (typeof data === 'string') onText(JSON.parse(data));
+    else onPicture(data);
   }
 
-  function lose(event) {
+  /** A message from the device, and not the opening alone, is what shows that we are let in. */
+  function beConnected() {
+    isConnected = true;
+    wait = shortestWait;
+    notice = usualNotice;
+    onConnected();
+  }
+
+  function lose({ code, reason }) {
     socket = null;
-    notice = noticeFor(event) ?? notice;
-    if (event.code === closeCode.respringing) wait = shortestWait;
-    const isRefused = event.code === closeCode.refused || event.code === closeCode.full;
-    if (isRefused) wait = Math.max(wait, waitWhenRefused);
+    isConnected = false;
+    const closing = closings[code];
+    if (closing) {
+      notice = closing.notice(reason);
+      wait = Math.max(wait, closing.leastWait);
+    }
     timer = setTimeout(open, wait);
     wait = Math.min(wait * 2, longestWait);
-    handlers.onClosed(notice, event.code === closeCode.respringing || event.code === closeCode.goingAway);
+    onClosed(notice);
   }
 
   function openNow() {

@@ -2,13 +2,15 @@
 
 import { canType } from './actions.js';
 
-export function createControls(actions) {
-  for (const button of document.querySelectorAll('[data-action]')) {
+/**
+ * Given the `page` to look for buttons in, the `lockButton` and the `keyboardButton` that show how things are,
+ * and the `actions` by name; `update(state)` takes the device's state.
+ */
+export function createControls({ page, lockButton, keyboardButton, actions }) {
+  for (const button of page.querySelectorAll('[data-action]')) {
     button.addEventListener('click', () => actions[button.dataset.action]());
   }
-  const lockLabels = document.querySelectorAll('[data-lock-label]');
-  const lockButton = document.getElementById('lock-button');
-  const keyboard = document.getElementById('keyboard-button');
+  const lockLabels = page.querySelectorAll('[data-lock-label]');
 
   function update(state) {
     const word = state.locked ? 'Unlock' : 'Lock';
@@ -17,8 +19,8 @@ export function createControls(actions) {
       button.querySelector('use').setAttribute('href', `#icon-${word.toLowerCase()}`);
     }
     lockButton.setAttribute('aria-label', word);
-    keyboard.disabled = !canType(state);
-    keyboard.setAttribute('aria-pressed', state.keyboard);
+    keyboardButton.disabled = !canType(state);
+    keyboardButton.setAttribute('aria-pressed', state.keyboard);
   }
 
   return { update };

@@ -6,40 +6,42 @@ import { angleOf, nearestAngle } from './orientation.js';
 const turning = { duration: 320, easing: 'cubic-bezier(0.3, 0.1, 0.2, 1)' };
 const calm = matchMedia('(prefers-reduced-motion: reduce)');
 
-/** Lays out `device`, with `glass` and `canvas` in it, on `stage`. */
-export function createDevice({ stage, device, glass, canvas }) {
+/**
+ * Lays out the device's `body`, with `glass` and `canvas` in it, on `stage`. `update(state)` takes the device's
+ * state; `pointAt(clientX, clientY)`, `size()` and `angle()` tell how the device lies.
+ */
+export function createDevice({ stage, body, glass, canvas }) {
   let size = { width: 320, height: 480 };
   let scale = 2;
   let angle = 0;
   let fit = null;
 
-  /** The content box of the stage, and how wide the frame is on each side: both are up to the style sheet. */
+  /** The content box of the stage, and how wide the bezel is on each side: both are up to the style sheet. */
   function measure() {
-    const around = getComputedStyle(stage);
-    const frame = getComputedStyle(device);
-    const [left, top] = [parseFloat(around.paddingLeft), parseFloat(around.paddingTop)];
+    const stageStyle = getComputedStyle(stage);
+    const bodyStyle = getComputedStyle(body);
+    const [left, top] = [parseFloat(stageStyle.paddingLeft), parseFloat(stageStyle.paddingTop)];
     const space = {
       x: left,
       y: top,
-      width: stage.clientWidth - left - parseFloat(around.paddingRight),
-      height: stage.clientHeight - top - parseFloat(around.paddingBottom),
+      width: stage.clientWidth - left - parseFloat(stageStyle.paddingRight),
+      height: stage.clientHeight - top - parseFloat(stageStyle.paddingBottom),
     };
     const bezel = {
-      side: parseFloat(frame.paddingLeft),
-      top: parseFloat(frame.paddingTop),
-      bottom: parseFloat(frame.paddingBottom),
+      side: parseFloat(bodyStyle.paddingLeft),
+      top: parseFloat(bodyStyle.paddingTop),
+      bottom: parseFloat(bodyStyle.paddingBottom),
     };
     return { space, bezel, size, scale, angle, density: window.devicePixelRatio };
   }
 
   function layOut() {
     fit = fitDevice(measure());
-    setSize(device, fit.frame);
+    setSize(body, fit.body);
     setSize(glass, fit.screen);
     glass.style.left = `${fit.bezel.side}px`;
     glass.style.top = `${fit.bezel.top}px`;
-    device.style.transform = transform(fit.frame, fit.frameCentre, angle);
-    device.toggleAttribute('data-sharp', fit.sharp);
+    body.style.transform = transform(fit.body, fit.bodyCentre, angle);
     canvas.style.imageRendering = fit.sharp ? 'pixelated' : 'auto';
   }
 
@@ -50,18 +52,18 @@ export function createDevice({ stage, device, glass, canvas }) {
     layOut();
     if (calm.matches) return;
     const zoom = before.perPoint / fit.perPoint;
-    const from = `${transform(fit.frame, before.frameCentre, before.angle)} scale(${zoom})`;
-    const to = `${transform(fit.frame, fit.frameCentre, angle)} scale(1)`;
-    device.animate([{ transform: from }, { transform: to }], turning);
+    const from = `${transform(fit.body, before.bodyCentre, before.angle)} scale(${zoom})`;
+    const to = `${transform(fit.body, fit.bodyCentre, angle)} scale(1)`;
+    body.animate([{ transform: from }, { transform: to }], turning);
   }
 
   function update(state) {
-    device.dataset.model = state.model;
-    device.dataset.orientation = state.orientation;
-    device.dataset.locked = state.locked;
-    device.dataset.frontmost = state.frontmost ?? '';
-    device.dataset.keyboard = state.keyboard;
-    device.dataset.pace = state.pace;
+    body.dataset.model = state.model;
+    body.dataset.orientation = state.orientation;
+    body.dataset.locked = state.locked;
+    body.dataset.frontmost = state.frontmost ?? '';
+    body.dataset.keyboard = state.keyboard;
+    body.dataset.pace = state.pace;
     const [, , width, height] = state.screen;
     if (width !== size.width || height !== size.height || scale !== state.scale) {
       size = { width, height };
@@ -88,8 +90,8 @@ export function createDevice({ stage, device, glass, canvas }) {
   return { update, pointAt, size: () => size, angle: () => angle };
 }
 
-function transform(frame, centre, angle) {
-  return `translate(${centre.x - frame.width / 2}px, ${centre.y - frame.height / 2}px) rotate(${angle}deg)`;
+function transform(size, centre, angle) {
+  return `translate(${centre.x - size.width / 2}px, ${centre.y - size.height / 2}px) rotate(${angle}deg)`;
 }
 
 function setSize(element, { width, height }) {

@@ -1,17 +1,19 @@
 // Fingers: pointers on the glass become the device's touches.
 
+import { roundToHundredths } from './numbers.js';
+
 const mostFingers = 10;
 const shortestMove = 8; // Milliseconds from one move to the next, but for the last before a frame.
 const firstButton = 0;
 
-const round = (value) => Math.round(value * 100) / 100;
 const clamp = (value, most) => Math.min(Math.max(value, 0), most);
 
 /**
  * Sends the pointers on `glass` as `touch` verbs. The glass reaches a little beyond the screen: what happens
- * out there happens at the screen's rim, as on a real one, so that a swipe can start at the very edge.
+ * out there happens at the screen's edge, as on a real one, so that a swipe can start there.
  *
  * `device` tells points and size; `onTouch(number, timeStamp)` hears of every touch that was sent.
+ * `forget()` is due when the connection has been lost.
  */
 export function createFingers({ glass, canvas, device, send, onTouch }) {
   const fingers = new Map(); // By pointer id: the finger's number and its last point.
@@ -20,7 +22,7 @@ export function createFingers({ glass, canvas, device, send, onTouch }) {
   function place(event) {
     const { x, y } = device.pointAt(event.clientX, event.clientY);
     const { width, height } = device.size();
-    return [round(clamp(x, width)), round(clamp(y, height))];
+    return [clamp(x, width), clamp(y, height)].map(roundToHundredths);
   }
 
   function freeNumber() {
@@ -47,7 +49,7 @@ export function createFingers({ glass, canvas, device, send, onTouch }) {
     if (!touch('down', finger, event.timeStamp)) return;
     fingers.set(event.pointerId, finger);
     glass.setPointerCapture(event.pointerId);
-    canvas.focus({ preventScroll: true });
+    canvas.focus({ preventScroll: true, focusVisible: false });
   }
 
   function move(event) {
@@ -81,7 +83,7 @@ export function createFingers({ glass, canvas, device, send, onTouch }) {
     fingers.clear();
   }
 
-  /** The connection is gone, and the server has lifted them: pointers still down are no fingers any more. */
+  /** The server has lifted them: pointers still down are no fingers any more. */
   function forget() {
     fingers.clear();
   }

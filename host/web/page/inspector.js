@@ -1,29 +1,33 @@
 // The inspector: asks for the views at the pointer's place, outlines them on the screen and lists them.
 
+import { roundToHundredths } from './numbers.js';
 import { createOutlines } from './outlines.js';
 import { createViewList } from './views.js';
 
-const patience = 1000; // Milliseconds after which a question counts as lost.
-
-const round = (value) => Math.round(value * 100) / 100;
-
-export function createInspector({ glass, canvas, svg, device, send }) {
-  const toggle = document.getElementById('inspector-toggle');
-  const pointRow = document.getElementById('inspect-point');
-  const fields = ['inspect-x', 'inspect-y'].map((id) => document.getElementById(id));
-  const outlines = createOutlines(svg);
-  const list = createViewList(document.getElementById('views'), pick);
+/**
+ * Given the `glass` and the `canvas` that the pointer is over, the `svg` to draw in, the `toggle`, the
+ * `pointRow` with the `fields` for x and y, the `viewList` to fill, the `device` that tells points, and `send`.
+ *
+ * `update(state)` takes the device's state, `answer(inspection)` what was asked for. `forget()` is due when the
+ * connection has been lost, `ask()` when it is there again.
+ */
+export function createInspector({ glass, canvas, svg, toggle, pointRow, fields, viewList, device, send }) {
+  const outlines = createOutlines({ svg });
+  const list = createViewList({ list: viewList, onPick: pick });
   let point = null; // Where to look; stays when the pointer leaves, so that the list can be studied.
   let views = [];
   let picked = null;
-  let asked = null; // When the question under way was asked.
-  let stale = false; // Something has changed since.
+  let isAsking = false; // A question is under way.
+  let isStale = false; // Something has changed since it was asked.
 
   function setOn(on) {
     toggle.checked = on;
     canvas.dataset.inspecting = on;
     pointRow.hidden = !on;
-    if (on) return ask();
+    if (on) {
+      ask();
+      return;
+    }
     views = [];
     outlines.clear();
     list.show(views);
@@ -40,18 +44,17 @@ export function createInspector({ glass, canvas, svg, device, send }) {
   /** One question at a time: whatever changes meanwhile is asked about after the answer. */
   function ask() {
     if (!toggle.checked || !point) return;
-    const now = performance.now();
-    stale = asked !== null && now - asked < patience;
-    if (!stale && send('inspect', point)) asked = now;
+    isStale = isAsking;
+    if (!isAsking) isAsking = send('inspect', point);
   }
 
   function answer(inspection) {
-    asked = null;
+    isAsking = false;
     if (!toggle.checked) return;
     views = inspection.views;
     list.show(views);
     outline();
-    if (stale) ask();
+    if (isStale) ask();
   }
 
   function pick(index) {
@@ -67,7 +70,7 @@ export function createInspector({ glass, canvas, svg, device, send }) {
     if (!toggle.checked) return;
     const { x, y } = device.pointAt(event.clientX, event.clientY);
     const { width, height } = device.size();
-    if (x >= 0 && y >= 0 && x < width && y < height) lookAt([round(x), round(y)]);
+    if (x >= 0 && y >= 0 && x < width && y < height) lookAt([x, y].map(roundToHundredths));
   }
 
   glass.addEventListener('pointermove', follow);
@@ -84,9 +87,8 @@ export function createInspector({ glass, canvas, svg, device, send }) {
     answer,
     toggle: () => setOn(!toggle.checked),
     update: ({ screen }) => outlines.setViewBox(screen),
-    /** The connection is gone, and with it the answer to what was asked. */
-    forget: () => { asked = null; },
-    /** It is there again. */
+    /** With the connection the answer to what was asked is gone. */
+    forget: () => { isAsking = false; },
     ask,
   };
 }

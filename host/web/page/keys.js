@@ -13,7 +13,8 @@ const actionOfKey = {
   ArrowRight: 'turn-right',
 };
 
-export function createKeys(canvas, actions) {
+/** Given the `canvas` that has to have the focus, and the `actions` by name. */
+export function createKeys({ canvas, actions }) {
   canvas.addEventListener('keydown', (event) => {
     if (event.ctrlKey || event.metaKey || event.altKey) return;
     const key = event.key.length === 1 ? event.key.toLowerCase() : event.key;

@@ -1,13 +1,15 @@
 // Measures: pictures a second, and how long a touch takes to show.
 
 const span = 1000; // Milliseconds that are looked back on.
-const refresh = 250;
+const refreshInterval = 250; // Milliseconds from one showing of the figures to the next.
 // A touch that changes nothing is confirmed by whatever picture happens to come next: that is no delay.
 const longestDelay = 1000;
 
-export function createMeter(canvas) {
-  const rate = document.getElementById('stat-rate');
-  const latency = document.getElementById('stat-latency');
+/**
+ * Given the `canvas` that tells of pictures and the outputs `rate` and `latency`; `touch(number, timeStamp)`
+ * is due for every touch that is sent.
+ */
+export function createMeter({ canvas, rate, latency }) {
   const touched = new Map(); // Timestamps by the touch's number, oldest first.
   let drawn = [];
   let delays = []; // {at, delay}.
@@ -25,7 +27,7 @@ export function createMeter(canvas) {
         touched.delete(number);
       }
     }
-    if (!timer) timer = setTimeout(show, refresh);
+    if (!timer) timer = setTimeout(show, refreshInterval);
   });
 
   function show() {
@@ -35,7 +37,7 @@ export function createMeter(canvas) {
     rate.value = drawn.length;
     // The last known delay stays: it is looked at after the swipe, not during it.
     if (delays.length) latency.value = median(delays.map(({ delay }) => delay)).toFixed(1);
-    timer = drawn.length ? setTimeout(show, refresh) : 0;
+    timer = drawn.length ? setTimeout(show, refreshInterval) : 0;
   }
 
   function touch(number, timeStamp) {
@@ -46,7 +48,7 @@ export function createMeter(canvas) {
 }
 
 function median(values) {
-  const sorted = values.sort((one, other) => one - other);
+  const sorted = [...values].sort((one, other) => one - other);
   const middle = sorted.length >> 1;
   return sorted.length % 2 ? sorted[middle] : (sorted[middle - 1] + sorted[middle]) / 2;
 }

@@ -2,7 +2,8 @@
 
 const namespace = 'http://www.w3.org/2000/svg';
 
-export function createOutlines(svg) {
+/** Draws in `svg`, which lies over the screen. */
+export function createOutlines({ svg }) {
   let shapes = [];
 
   /** `screen` is the screen's rectangle in points, [x, y, width, height]. */

@@ -2,11 +2,11 @@
 
 const timeDecimals = 3;
 
-export function createPace(canvas, send) {
-  const group = document.getElementById('pace');
-  const step = document.getElementById('step');
-  const row = document.getElementById('time-row');
-  const clock = document.getElementById('device-time');
+/**
+ * Given the `canvas` that tells of pictures, the `group` of the paces to choose from, the `step` button, the
+ * `row` of the `clock`, and `send`; `update(state)` takes the device's state.
+ */
+export function createPace({ canvas, group, step, row, clock, send }) {
   const choices = [...group.querySelectorAll('input')];
   let time = 0; // The device's, as of the last picture.
 

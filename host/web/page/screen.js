@@ -3,14 +3,14 @@
 import { readPicture } from './picture.js';
 
 /**
- * Draws on `canvas` what `show(buffer)` is given. `acknowledge(frame)` asks for the next picture: at once
+ * Draws on `canvas` what `show(buffer)` is given. `acknowledge(number)` asks for the next picture: at once
  * when a picture finds the decoder idle, otherwise when the decoder gets to it. So one is being decoded and
- * one waits.
+ * one waits. `forget()` is due when the connection has been lost.
  *
  * After each drawing the canvas has the picture's number in `data-frame`, its touch in `data-touch`, and
- * dispatches `picture` with `{frame, touch, time, drawn}`; `drawn` is when, on the clock of event timestamps.
+ * dispatches `picture` with `{number, touch, time, drawn}`; `drawn` is when, on the clock of event timestamps.
  */
-export function createScreen(canvas, acknowledge) {
+export function createScreen({ canvas, acknowledge }) {
   const context = canvas.getContext('2d', { alpha: false });
   let connection = 0;
   let decoding = false;
@@ -24,11 +24,11 @@ export function createScreen(canvas, acknowledge) {
 
   async function decode(picture) {
     decoding = true;
-    if (picture.connection === connection) acknowledge(picture.frame);
+    if (picture.connection === connection) acknowledge(picture.number);
     try {
       draw(await createImageBitmap(picture.jpeg), picture);
     } catch (cause) {
-      console.error(`Picture ${picture.frame} cannot be shown:`, cause);
+      console.error(`Picture ${picture.number} cannot be shown:`, cause);
     }
     decoding = false;
     const next = waiting;
@@ -36,18 +36,18 @@ export function createScreen(canvas, acknowledge) {
     if (next) decode(next);
   }
 
-  function draw(bitmap, { frame, touch, time }) {
+  function draw(bitmap, { number, touch, time }) {
     if (canvas.width !== bitmap.width) canvas.width = bitmap.width;
     if (canvas.height !== bitmap.height) canvas.height = bitmap.height;
     context.drawImage(bitmap, 0, 0);
     bitmap.close();
-    canvas.dataset.frame = frame;
+    canvas.dataset.frame = number;
     canvas.dataset.touch = touch;
-    const detail = { frame, touch, time, drawn: performance.now() };
+    const detail = { number, touch, time, drawn: performance.now() };
     canvas.dispatchEvent(new CustomEvent('picture', { detail }));
   }
 
-  /** The connection is gone: what still waits is of no use, and must not be acknowledged on the next one. */
+  /** What still waits is of no use, and must not be acknowledged on the next connection. */
   function forget() {
     connection += 1;
     waiting = null;

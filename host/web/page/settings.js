@@ -4,86 +4,87 @@ import { createCell, isKnown } from './cells.js';
 import { freshId, make } from './elements.js';
 
 /**
- * Shows the panes in `pane`. `onRespringDue(due)` tells whether something differs from what the running
- * device has taken up. `update(settings)` shows what the device says; `updateApps(apps)` the apps to choose
- * from.
+ * Given the `pane` to fill, the `respringNotice` to show while the running device has not taken up all of the
+ * settings, and `send`. `update(settings)` takes the panes as the device says them, `updateApps(apps)` the
+ * applications to choose from.
  */
-export function createSettings(pane, send, onRespringDue) {
-  let cells = []; // Everything but the groups, in the order of the panes.
+export function createSettings({ pane, respringNotice, send }) {
+  let cells = []; // {cell, key}; the key is that of the cell's item.
   let shape = '';
   let apps = [];
-  // The values that the running device started with, as JSON: of those items that it takes up only then.
-  let taken = null;
 
   function build(settings) {
     cells = [];
     pane.replaceChildren(...settings.map(buildPane));
+    updateApps(apps);
     if (settings.length > 0) return;
     pane.append(make('p', { className: 'quiet', textContent: 'Nothing to set here.' }));
   }
 
   function buildPane({ title, items }) {
-    const children = [make('h2', { textContent: title })];
-    let card = null;
-    let group = { label: '' };
-    const finish = () => {
-      if (group.footer) children.push(make('p', { className: 'footnote', textContent: group.footer }));
-    };
-    for (const item of items) {
-      if (item.cell === 'group') {
-        finish();
-        group = item;
-        card = null;
-        continue;
+    const heading = make('h2', { textContent: title });
+    return make('div', { className: 'settings' }, heading, ...groupsOf(items).flatMap(buildGroup));
+  }
+
+  /** The elements of a group: what it is called, its card, and what there is to say below. */
+  function buildGroup({ label, footer, items }) {
+    const elements = [];
+    if (items.length > 0) {
+      const card = make('section', { className: 'card' }, ...items.map(buildRow));
+      elements.push(card);
+      if (label) {
+        const heading = make('h3', { id: freshId('group'), textContent: label });
+        card.setAttribute('aria-labelledby', heading.id);
+        elements.unshift(heading);
       }
-      if (!card) {
-        card = make('section', { className: 'card' });
-        if (group.label) {
-          const heading = make('h3', { id: freshId('group'), textContent: group.label });
-          card.setAttribute('aria-labelledby', heading.id);
-          children.push(heading);
-        }
-        children.push(card);
-      }
-      if (!isKnown(item.cell)) continue;
-      const cell = createCell(item, (key, value) => send('set', [item.domain, key, value]));
-      cells.push(cell);
-      card.append(cell.row);
     }
-    finish();
-    return make('div', { className: 'settings' }, ...children);
+    if (footer) elements.push(make('p', { className: 'footnote', textContent: footer }));
+    return elements;
+  }
+
+  function buildRow(item) {
+    const cell = createCell(item, (key, value) => send('set', [item.domain, key, value]));
+    cells.push({ cell, key: keyOf(item) });
+    return cell.row;
   }
 
   function update(settings) {
-    const items = settings.flatMap((each) => each.items).filter(({ cell }) => cell !== 'group');
     const newShape = JSON.stringify(settings.map(withoutValues));
     if (newShape !== shape) {
       shape = newShape;
       build(settings);
-      for (const cell of cells) cell.updateApps?.(apps);
     }
-    const shown = items.filter(({ cell }) => isKnown(cell));
-    cells.forEach((cell, index) => cell.update(shown[index]));
-    const awaiting = items.filter(({ respring }) => respring);
-    const now = JSON.stringify(awaiting.map(({ value, values }) => value ?? values));
-    taken ??= now;
-    onRespringDue(now !== taken);
+    const items = settings.flatMap((each) => each.items);
+    const itemOfKey = new Map(items.map((item) => [keyOf(item), item]));
+    for (const { cell, key } of cells) cell.update(itemOfKey.get(key));
+    respringNotice.hidden = !items.some(({ due }) => due);
   }
 
   function updateApps(list) {
     apps = list;
-    for (const cell of cells) cell.updateApps?.(apps);
+    for (const { cell } of cells) cell.updateApps?.(apps);
   }
 
-  /** The device starts afresh, and will take up everything as it is then. */
-  function startAfresh() {
-    taken = null;
-    onRespringDue(false);
-  }
-
-  return { update, updateApps, startAfresh };
+  return { update, updateApps };
 }
 
+/** A pane's items by the groups that they stand in; those before the first are in one that has no words. */
+function groupsOf(items) {
+  const groups = [{ items: [] }];
+  for (const item of items) {
+    if (item.cell === 'group') groups.push({ label: item.label, footer: item.footer, items: [] });
+    else if (isKnown(item.cell)) groups.at(-1).items.push(item);
+  }
+  return groups;
+}
+
+/** What tells an item from all others, whatever it holds. */
+function keyOf({ cell, domain, key, keyPrefix }) {
+  return JSON.stringify([cell, domain, key ?? keyPrefix]);
+}
+
+/** A pane without what changes while it is shown. */
 function withoutValues({ title, items }) {
-  return { title, items: items.map((item) => ({ ...item, value: undefined, values: undefined })) };
+  const changing = { value: undefined, values: undefined, due: undefined };
+  return { title, items: items.map((item) => ({ ...item, ...changing })) };
 }

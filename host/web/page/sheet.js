@@ -2,11 +2,15 @@
 
 const closingDrag = 40; // CSS pixels.
 
-export function createSheet({ toggle, handle, panel }) {
-  const isOpen = () => document.body.dataset.sheet === 'open';
+/**
+ * Given the `page`, which says in `data-sheet` whether the sheet is open, the `toggle` and the `handle` that
+ * open and close it, and the `panel` that is the sheet.
+ */
+export function createSheet({ page, toggle, handle, panel }) {
+  const isOpen = () => page.dataset.sheet === 'open';
 
   function setOpen(open) {
-    document.body.dataset.sheet = open ? 'open' : 'closed';
+    page.dataset.sheet = open ? 'open' : 'closed';
     toggle.setAttribute('aria-expanded', open);
   }
 

@@ -1,15 +1,15 @@
 // What is the case, in words: what is in front, whether we are connected, and what could not be done.
 
-const longestShown = 6000; // Milliseconds that a problem stays.
-const mostToasts = 3;
+import { make } from './elements.js';
 
-export function createStatus() {
-  const front = document.getElementById('front');
-  const model = document.getElementById('model');
-  const announcement = document.getElementById('announcement');
-  const notice = document.getElementById('notice');
-  const toasts = document.getElementById('toasts');
+const problemDuration = 6000; // Milliseconds that a problem stays.
+const mostProblems = 3;
 
+/**
+ * Given the elements to fill; `update(state)` takes the device's state, `connected()` and `closed(notice)`
+ * are for every time that the connection comes and goes, and `problem(text)` shows a problem for a while.
+ */
+export function createStatus({ page, front, model, announcement, notice, toasts }) {
   function announce(text) {
     if (announcement.textContent !== text) announcement.textContent = text;
   }
@@ -22,24 +22,22 @@ export function createStatus() {
   }
 
   function connected() {
-    document.body.dataset.connection = 'open';
+    page.dataset.connection = 'open';
     notice.textContent = '';
   }
 
   function closed(text) {
-    document.body.dataset.connection = 'closed';
+    page.dataset.connection = 'closed';
     notice.textContent = text;
     front.textContent = 'Not connected';
     announce(text);
   }
 
   function problem(text) {
-    const toast = document.createElement('p');
-    toast.className = 'toast';
-    toast.textContent = text;
+    const toast = make('p', { className: 'toast', textContent: text });
     toasts.append(toast);
-    while (toasts.children.length > mostToasts) toasts.firstElementChild.remove();
-    setTimeout(() => toast.remove(), longestShown);
+    while (toasts.children.length > mostProblems) toasts.firstElementChild.remove();
+    setTimeout(() => toast.remove(), problemDuration);
   }
 
   return { update, connected, closed, problem };

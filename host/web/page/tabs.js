@@ -1,8 +1,15 @@
 // Tabs: one pane of the panel at a time.
 
-const stepOfKey = { ArrowLeft: -1, ArrowRight: 1 };
+// Which of `count` tabs a key leads to from the one at `index`.
+const tabAfterKey = {
+  ArrowLeft: (index, count) => (index - 1 + count) % count,
+  ArrowRight: (index, count) => (index + 1) % count,
+  Home: () => 0,
+  End: (index, count) => count - 1,
+};
 
-export function createTabs(list) {
+/** Given the `list` of the tabs, each of which names its pane in `aria-controls`. */
+export function createTabs({ list }) {
   const tabs = [...list.querySelectorAll('[role=tab]')];
 
   function select(chosen) {
@@ -19,14 +26,10 @@ export function createTabs(list) {
     if (tab) select(tab);
   });
   list.addEventListener('keydown', (event) => {
-    const from = tabs.indexOf(document.activeElement);
-    const to = event.key === 'Home' ? 0 : event.key === 'End' ? tabs.length - 1
-      : stepOfKey[event.key] && (from + stepOfKey[event.key] + tabs.length) % tabs.length;
-    if (to === undefined) return;
+    if (!Object.hasOwn(tabAfterKey, event.key)) return;
     event.preventDefault();
-    tabs[to].focus();
-    select(tabs[to]);
+    const tab = tabs[tabAfterKey[event.key](tabs.indexOf(document.activeElement), tabs.length)];
+    tab.focus();
+    select(tab);
   });
-
-  return { select };
 }

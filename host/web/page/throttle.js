@@ -1,9 +1,13 @@
 // Slows down a stream of values: the first at once, then at most one in an interval, never losing the last.
 
-/** `offer(value)` passes on as often as allowed; `settle()` passes on at once what still waits. */
-export function createThrottle(pass, interval) {
+/**
+ * Given `pass(value)` and an `interval` in milliseconds: `offer(value)` passes on as often as allowed;
+ * `settle()` passes on at once what still waits.
+ */
+export function createThrottle({ pass, interval }) {
   let timer = 0;
-  let waiting = []; // The value, if any: which may itself be anything.
+  let isWaiting = false;
+  let last; // The value that waits, which may itself be anything.
 
   function passOn(value) {
     clearTimeout(timer);
@@ -17,14 +21,18 @@ export function createThrottle(pass, interval) {
   }
 
   function offer(value) {
-    if (timer) waiting = [value];
-    else passOn(value);
+    if (timer) {
+      isWaiting = true;
+      last = value;
+    } else {
+      passOn(value);
+    }
   }
 
   function settle() {
-    const values = waiting;
-    waiting = [];
-    values.forEach(passOn);
+    if (!isWaiting) return;
+    isWaiting = false;
+    passOn(last);
   }
 
   return { offer, settle };

@@ -1,35 +1,29 @@
 // The list of the views at a point: innermost first, each with its class, frame and alpha.
 
-const round = (value) => String(Math.round(value * 100) / 100);
+import { make } from './elements.js';
+import { roundToHundredths as round } from './numbers.js';
 
 /**
- * `onPick(index)` tells which line, counted from the innermost, the pointer or the focus is on; null for
- * none.
+ * Given the `list` to fill; `show(views)` takes views back to front. `onPick(index)` tells which line, counted
+ * from the innermost, the pointer or the focus is on; null for none.
  */
-export function createViewList(list, onPick) {
+export function createViewList({ list, onPick }) {
   const rows = [];
   let hovered = null;
   let focused = null;
 
   function createRow() {
-    const item = document.createElement('li');
-    const button = document.createElement('button');
-    button.type = 'button';
-    button.className = 'view';
-    const [name, frame, alpha] = ['view-class', 'view-frame', 'view-alpha'].map((className) => {
-      const part = document.createElement('span');
-      part.className = className;
-      return part;
-    });
-    button.append(name, frame, alpha);
-    item.append(button);
+    const [name, frame, alpha] = ['view-class', 'view-frame', 'view-alpha'].map((className) =>
+      make('span', { className }));
+    const button = make('button', { type: 'button', className: 'view' }, name, frame, alpha);
+    const item = make('li', {}, button);
     const index = rows.length;
     const pick = () => onPick(hovered ?? focused);
     button.addEventListener('pointerenter', () => { hovered = index; pick(); });
     button.addEventListener('pointerleave', () => { hovered = null; pick(); });
     button.addEventListener('focus', () => { focused = index; pick(); });
     button.addEventListener('blur', () => { focused = null; pick(); });
-    return { item, button, name, frame, alpha };
+    return { item, name, frame, alpha };
   }
 
   /** Lines are changed in place: neither hover nor focus is lost under a running animation. */
@@ -42,8 +36,6 @@ export function createViewList(list, onPick) {
       row.item.hidden = index >= views.length;
       if (row.item.hidden) return;
       const view = views[views.length - 1 - index];
-      row.button.dataset.class = view.class;
-      row.button.dataset.depth = view.depth;
       row.name.textContent = view.class;
       row.frame.textContent = frameText(view.frame);
       row.alpha.textContent = `alpha ${round(view.alpha)}`;
