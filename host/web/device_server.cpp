@@ -1,9 +1,11 @@
 #include "host/web/device_server.h"
 
+#include <algorithm>
 #include <boost/asio/post.hpp>
 #include <chrono>
 #include <csignal>
 
+#include "host/interruption.h"
 #include "host/web/machine_address.h"
 
 namespace host {
@@ -12,6 +14,9 @@ namespace {
 namespace asio = boost::asio;
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<WallTime>;
+
+// Seconds. With the device's time all but standing, its next turn may lie beyond what clocks can count.
+constexpr WallTime longestSleep = 3600;
 
 WallTime wallNow() { return Seconds(Clock::now().time_since_epoch()).count(); }
 
@@ -49,7 +54,7 @@ DeviceServer::End DeviceServer::run(SpringBoard& springBoard, PreferencePanes& p
   turnSoon();
   loop_.run();
   device_ = nullptr;
-  return end_;
+  return interrupted() ? End::SwitchedOff : end_;
 }
 
 void DeviceServer::stop(End end, CloseCode code, std::string_view reason) {
@@ -57,14 +62,15 @@ void DeviceServer::stop(End end, CloseCode code, std::string_view reason) {
   end_ = end;
   timer_.cancel();
   signals_.cancel();
-  signals_.clear();  // The next one ends the process as usual.
+  signals_.clear();
+  catchInterruptions();  // One that comes now is remembered: a device that is respringing stays off then.
   server_.stop(code, reason);
 }
 
 // What clients do; the device takes its turn when all that has come in by now has been heard.
 
 void DeviceServer::joined(WebClient& client) {
-  device_->joined(client, wallNow());
+  device_->joined(client);
   turnSoon();
 }
 
@@ -78,7 +84,9 @@ void DeviceServer::left(WebClient& client) {
   turnSoon();
 }
 
-std::optional<WebResource> DeviceServer::icon(std::string_view name) { return device_->icon(name); }
+std::optional<WebResource> DeviceServer::icon(std::string_view name) {
+  return device_->icon(std::string(name));
+}
 
 // Time.
 
@@ -96,7 +104,7 @@ void DeviceServer::turn() {
   if (device_->respringWanted()) return stop(End::Respring, CloseCode::ServiceRestart, "respringing");
   const auto next = device_->nextTurn();
   if (!next) return void(timer_.cancel());
-  timer_.expires_at(clockTime(*next));
+  timer_.expires_at(clockTime(std::min(*next, wallNow() + longestSleep)));
   timer_.async_wait([this](boost::system::error_code cancelled) {
     if (!cancelled) turn();
   });

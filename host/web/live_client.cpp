@@ -8,9 +8,6 @@
 namespace host {
 namespace {
 
-constexpr double messagesPerSecond = 2000;
-constexpr double messagesAtOnce = 4000;
-
 constexpr std::size_t pictureOffset = 0;
 constexpr std::size_t touchOffset = pictureOffset + sizeof(std::uint32_t);
 constexpr std::size_t timeOffset = touchOffset + sizeof(std::uint32_t);
@@ -30,9 +27,6 @@ PictureHead headOf(std::uint32_t picture, std::uint32_t touch, CFTimeInterval ti
 }
 
 }  // namespace
-
-LiveClient::LiveClient(WebClient& connection, int place, WallTime now)
-    : connection_(connection), place_(place), limit_(messagesPerSecond, messagesAtOnce, now) {}
 
 WallTime LiveClient::timeOf(const TouchMessage& message, WallTime now) {
   return message.stamp ? clock_.timeOf(*message.stamp, now) : now;

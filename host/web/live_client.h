@@ -5,7 +5,6 @@
 #include "host/web/client_clock.h"
 #include "host/web/client_message.h"
 #include "host/web/live_screen.h"
-#include "host/web/rate_limit.h"
 #include "host/web/web_client.h"
 
 namespace host {
@@ -14,12 +13,10 @@ namespace host {
 class LiveClient {
  public:
   /// `place` tells its fingers from those of others that are there at the same time.
-  LiveClient(WebClient& connection, int place, WallTime now);
+  LiveClient(WebClient& connection, int place) : connection_(connection), place_(place) {}
 
   WebClient& connection() const { return connection_; }
   int place() const { return place_; }
-  /// Counts a message; false for one too many.
-  bool takeMessage(WallTime now) { return limit_.take(now); }
 
   /// When, by our clock, the touch happened.
   WallTime timeOf(const TouchMessage& message, WallTime now);
@@ -43,7 +40,6 @@ class LiveClient {
   WebClient& connection_;  // The server's.
   int place_;
   ClientClock clock_;
-  RateLimit limit_;
   CFTimeInterval lastTouchTime_ = 0;
   std::uint32_t lastTouch_ = 0;  // Numbers of the client's own.
   std::uint32_t touchDrawn_ = 0;

@@ -75,17 +75,16 @@ LiveDevice::~LiveDevice() {
 
 // Clients.
 
-void LiveDevice::joined(WebClient& connection, WallTime now) {
-  clients_.emplace_back(connection, freePlace(), now);
+void LiveDevice::joined(WebClient& connection) {
+  clients_.emplace_back(connection, freePlace());
   connection.sendText(stateText());
   connection.sendText(settingsText(panes_));
 }
 
 void LiveDevice::received(WebClient& connection, std::string_view text, WallTime now) {
   LiveClient& client = clientOf(connection);
-  if (!client.takeMessage(now)) return connection.close(CloseCode::PolicyViolation, "too many messages");
-  catchUp(now);
   try {
+    catchUp(now);
     std::visit(Performer(*this, client, now), parseClientMessage(text));
   } catch (const BadMessage& cause) {
     connection.close(CloseCode::PolicyViolation, cause.what());
@@ -98,9 +97,20 @@ void LiveDevice::received(WebClient& connection, std::string_view text, WallTime
 }
 
 void LiveDevice::left(WebClient& connection, WallTime now) {
-  catchUp(now);
-  clientOf(connection).leave(RunLoop::main().now());
+  attempt([&] {
+    catchUp(now);
+    clientOf(connection).leave(RunLoop::main().now());
+  });
   clients_.remove_if([&](const LiveClient& client) { return &client.connection() == &connection; });
+}
+
+void LiveDevice::attempt(const std::function<void()>& work) {
+  try {
+    work();
+  } catch (const std::exception& fault) {
+    const std::string text = message("problem", fault.what());
+    for (LiveClient& client : clients_) client.connection().sendText(text);
+  }
 }
 
 LiveClient& LiveDevice::clientOf(const WebClient& connection) {
@@ -117,15 +127,17 @@ int LiveDevice::freePlace() const {
 
 bool LiveDevice::anyoneReady() const { return std::ranges::any_of(clients_, &LiveClient::ready); }
 
-std::optional<WebResource> LiveDevice::icon(std::string_view bundle) const {
-  const auto icon = springBoard_.icon(std::string(bundle));
-  return icon ? std::optional(WebResource{"image/png", encodePng(icon->cgImage())}) : std::nullopt;
+std::optional<WebResource> LiveDevice::icon(const std::string& bundle) {
+  if (auto known = icons_.find(bundle); known != icons_.end()) return known->second;
+  const auto icon = springBoard_.icon(bundle);
+  if (!icon) return std::nullopt;
+  return icons_[bundle] = WebResource{"image/png", encodePng(icon->cgImage())};
 }
 
 // Time.
 
 void LiveDevice::turn(WallTime now) {
-  catchUp(now);
+  attempt([&] { catchUp(now); });
   tellChanges();
   sendPictures(now);
 }

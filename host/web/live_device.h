@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <list>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -25,7 +27,7 @@ class LiveDevice {
   LiveDevice(const LiveDevice&) = delete;
   LiveDevice& operator=(const LiveDevice&) = delete;
 
-  void joined(WebClient& connection, WallTime now);
+  void joined(WebClient& connection);
   /// A message that is none closes its client with the reason; one that cannot be carried out is answered so.
   void received(WebClient& connection, std::string_view text, WallTime now);
   void left(WebClient& connection, WallTime now);
@@ -38,7 +40,7 @@ class LiveDevice {
   /// A client has asked for it; it is for the process to do.
   bool respringWanted() const { return respringWanted_; }
   /// An application's icon as PNG; nothing for an unknown bundle.
-  std::optional<WebResource> icon(std::string_view bundle) const;
+  std::optional<WebResource> icon(const std::string& bundle);
 
  private:
   class Performer;
@@ -46,6 +48,8 @@ class LiveDevice {
   LiveClient& clientOf(const WebClient& connection);
   int freePlace() const;
   void catchUp(WallTime now);
+  /// A fault of an add-on library, in work that nobody asked for just now, is everybody's to know.
+  void attempt(const std::function<void()>& work);
   void sendPictures(WallTime now);
   void tellChanges();
   std::string stateText() const;
@@ -56,8 +60,9 @@ class LiveDevice {
   Pace pace_;
   std::list<LiveClient> clients_;  // A list: they stay where they are.
   LiveScreen screen_;
-  std::string toldState_;         // As everybody knows it.
-  bool settingsChanged_ = false;  // Since they were last told.
+  std::map<std::string, WebResource> icons_;  // By bundle, once asked for.
+  std::string toldState_;                     // As everybody knows it.
+  bool settingsChanged_ = false;              // Since they were last told.
   CFTimeInterval nextClockChange_ = 0;
   bool respringWanted_ = false;
 };

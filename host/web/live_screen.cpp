@@ -11,7 +11,7 @@ namespace {
 
 // Seconds between two drawings where touches bring them forward: well below a frame, so that touches that
 // come once a frame are never in vain, however unevenly they arrive.
-constexpr double shortestFrame = 0.010;
+constexpr double shortestFrame = 0.0125;
 constexpr CGFloat quality = 0.9f;
 
 }  // namespace

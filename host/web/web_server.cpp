@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/post.hpp>
 #include <boost/asio/steady_timer.hpp>
 #include <boost/beast/core.hpp>
 #include <boost/beast/http.hpp>
@@ -12,9 +13,10 @@
 #include <charconv>
 #include <chrono>
 #include <deque>
-#include <set>
+#include <vector>
 
 #include "host/failure.h"
+#include "host/web/rate_limit.h"
 
 namespace host {
 namespace {
@@ -31,6 +33,8 @@ constexpr std::size_t mostClients = 16;
 constexpr std::size_t mostConnections = 64;      // Those that only fetch files included.
 constexpr std::uint32_t longestHead = 8 * 1024;  // Bytes of a request.
 constexpr std::size_t longestMessage = 4 * 1024;
+constexpr double messagesPerSecond = 2000;  // Pings and pongs count.
+constexpr double messagesAtOnce = 4000;
 constexpr std::size_t mostTextWaiting = 1024 * 1024;
 constexpr std::size_t longestReason = 123;  // As the protocol has it.
 constexpr auto requestTimeout = 10s;
@@ -38,6 +42,8 @@ constexpr auto handshakeTimeout = 5s;
 constexpr auto silenceTimeout = 30s;  // Pinged after half of it.
 constexpr auto closingTimeout = 1s;
 constexpr auto acceptRetry = 100ms;  // After the machine had no socket to give.
+
+constexpr const char* tooMany = "too many messages";
 
 constexpr std::string_view pagePath = "/";
 constexpr std::string_view socketPath = "/socket";
@@ -88,6 +94,10 @@ struct Target {
   std::string_view token;  // Of the text.
 };
 
+WallTime now() {
+  return std::chrono::duration<WallTime>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
 /// Someone at the other end of a socket, whatever is spoken over it.
 class Connection {
  public:
@@ -96,6 +106,8 @@ class Connection {
   virtual void stop(CloseCode code, std::string_view reason) = 0;
   /// At once, and without a word.
   virtual void drop() = 0;
+  /// Whether it has made it past the door; others may have to make room.
+  virtual bool hasEntered() const = 0;
 };
 
 }  // namespace
@@ -106,10 +118,16 @@ class WebServerState {
   WebServerState(asio::io_context& loop, tcp::acceptor acceptor)
       : loop(loop), acceptor(std::move(acceptor)), acceptTimer(loop), closingTimer(loop) {}
 
-  void add(Connection& connection) { connections.insert(&connection); }
+  void add(Connection& connection) { connections.push_back(&connection); }
   void remove(Connection& connection) {
-    connections.erase(&connection);
+    std::erase(connections, &connection);
     if (stopped && connections.empty()) closingTimer.cancel();
+  }
+  /// Room for one more: the oldest of those that have not entered has to go.
+  void makeRoom() {
+    if (connections.size() < mostConnections) return;
+    const auto idler = std::ranges::find_if(connections, [](auto* each) { return !each->hasEntered(); });
+    if (idler != connections.end()) (*idler)->drop();
   }
 
   asio::io_context& loop;
@@ -118,8 +136,8 @@ class WebServerState {
   const RequestGuard* guard = nullptr;  // These three are the caller's.
   const PageFiles* page = nullptr;
   WebApplication* application = nullptr;
-  std::set<Connection*> connections;  // Each takes itself out.
-  std::size_t clients = 0;            // Those of them that the application knows.
+  std::vector<Connection*> connections;  // By age. Each takes itself out.
+  std::size_t clients = 0;               // Those of them that the application knows.
   struct Stop {
     CloseCode code;
     std::string reason;
@@ -137,7 +155,7 @@ class WebSocketConnection final : public WebClient,
                                   public std::enable_shared_from_this<WebSocketConnection> {
  public:
   WebSocketConnection(Shared server, tcp::socket socket)
-      : server_(std::move(server)), stream_(std::move(socket)) {
+      : server_(std::move(server)), stream_(std::move(socket)), closingTimer_(server_->loop) {
     server_->add(*this);
   }
   ~WebSocketConnection() override { server_->remove(*this); }
@@ -145,6 +163,10 @@ class WebSocketConnection final : public WebClient,
   void start(const http::request<http::empty_body>& request) {
     stream_.set_option(websocket::stream_base::timeout{handshakeTimeout, silenceTimeout, true});
     stream_.read_message_max(longestMessage);
+    stream_.auto_fragment(false);  // One message, one trip through the loop.
+    stream_.control_callback([this](websocket::frame_type, beast::string_view) {
+      if (!limit_.take(now())) closeSoon(tooMany);
+    });
     stream_.async_accept(request, [self = shared_from_this()](error_code error) {
       if (!error) self->enter();
     });
@@ -163,10 +185,16 @@ class WebSocketConnection final : public WebClient,
 
   void close(CloseCode code, std::string_view reason) override {
     if (std::exchange(closing_, true)) return;
+    leaveSoon();
     websocket::close_reason why(static_cast<std::uint16_t>(code));
     const std::string_view readable = cut(reason, longestReason);
     why.reason.assign(readable.data(), readable.size());
-    stream_.async_close(why, [self = shared_from_this()](error_code) {});
+    stream_.async_close(why, [self = shared_from_this()](error_code) { self->closingTimer_.cancel(); });
+    // Whoever does not read does not let us say it either.
+    closingTimer_.expires_after(closingTimeout);
+    closingTimer_.async_wait([self = shared_from_this()](error_code closed) {
+      if (!closed) self->drop();
+    });
   }
 
   void stop(CloseCode code, std::string_view reason) override {
@@ -174,8 +202,10 @@ class WebSocketConnection final : public WebClient,
   }
   void drop() override {
     closing_ = true;
+    leaveSoon();
     beast::get_lowest_layer(stream_).close();
   }
+  bool hasEntered() const override { return entered_; }
 
  private:
   struct Message {
@@ -201,22 +231,28 @@ class WebSocketConnection final : public WebClient,
   }
 
   void receive() {
-    if (!closing_) {
-      if (stream_.got_text()) {
-        const auto data = buffer_.cdata();
-        server_->application->received(*this, {static_cast<const char*>(data.data()), data.size()});
-      } else {
-        close(CloseCode::PolicyViolation, "messages are text");
-      }
-    }
+    if (closing_) return;  // Closing reads on by itself.
+    if (!stream_.got_text()) return close(CloseCode::PolicyViolation, "messages are text");
+    if (!limit_.take(now())) return close(CloseCode::PolicyViolation, tooMany);
+    const auto data = buffer_.cdata();
+    server_->application->received(*this, {static_cast<const char*>(data.data()), data.size()});
     buffer_.clear();
-    read();
+    if (!closing_) read();
   }
 
   void leave() {
     closing_ = true;
+    if (!std::exchange(entered_, false)) return;
     --server_->clients;
     server_->application->left(*this);
+  }
+  /// For where the application, or the library, is in the middle of something.
+  void leaveSoon() {
+    asio::post(server_->loop, [self = shared_from_this()] { self->leave(); });
+  }
+  void closeSoon(std::string_view reason) {
+    asio::post(server_->loop,
+               [self = shared_from_this(), reason] { self->close(CloseCode::PolicyViolation, reason); });
   }
 
   void enqueue(Message message) {
@@ -246,9 +282,17 @@ class WebSocketConnection final : public WebClient,
   beast::flat_buffer buffer_;
   std::deque<Message> queue_;  // The first one is being written.
   std::size_t textWaiting_ = 0;
+  asio::steady_timer closingTimer_;
+  RateLimit limit_{messagesPerSecond, messagesAtOnce, now()};
   bool entered_ = false;  // The application knows it.
   bool closing_ = false;
 };
+
+/// Whether the browser says that another site's page is behind the request.
+bool isFromAnotherSite(const http::request_header<>& request) {
+  const std::string_view site = view(request["Sec-Fetch-Site"]);
+  return !site.empty() && site != "same-origin" && site != "none";
+}
 
 /// Answers requests for files, until one asks for the WebSocket. Pending operations keep it alive.
 class HttpConnection final : public Connection, public std::enable_shared_from_this<HttpConnection> {
@@ -270,6 +314,7 @@ class HttpConnection final : public Connection, public std::enable_shared_from_t
 
   void stop(CloseCode, std::string_view) override { drop(); }
   void drop() override { stream_.close(); }
+  bool hasEntered() const override { return false; }
 
  private:
   using Request = http::request<http::empty_body>;
@@ -283,8 +328,12 @@ class HttpConnection final : public Connection, public std::enable_shared_from_t
 
     const WebResource* file = server_->page->find(target.path);
     // Its parts are everybody's; the page itself says early that the token is missing.
-    const bool needsToken = !file || target.path == pagePath;
-    if (!server_->guard->isForUs(claims)) return refuse(request, http::status::forbidden, "not from there");
+    const bool isPage = file && file == server_->page->find(pagePath);
+    const bool needsToken = !file || isPage;
+    // A link to the page may stand anywhere; nothing else is fetched from elsewhere.
+    const bool isFetchedFromElsewhere = !isPage && isFromAnotherSite(request);
+    if (!server_->guard->isForUs(claims) || isFetchedFromElsewhere)
+      return refuse(request, http::status::forbidden, "not from there");
     if (needsToken && !server_->guard->knowsToken(claims))
       return refuse(request, http::status::forbidden, "the address lacks its token");
     if (request.method() != http::verb::get && request.method() != http::verb::head)
@@ -339,14 +388,13 @@ void accept(const Shared& server) {
     if (error) {
       server->acceptTimer.expires_after(acceptRetry);
       return server->acceptTimer.async_wait([server](error_code stopped) {
-        if (!stopped) accept(server);
+        if (!stopped && !server->stopped) accept(server);
       });
     }
-    if (server->connections.size() < mostConnections) {
-      error_code ignored;  // Then it is merely slower.
-      socket.set_option(tcp::no_delay(true), ignored);
-      std::make_shared<HttpConnection>(server, std::move(socket))->read();
-    }
+    server->makeRoom();
+    error_code ignored;  // Then it is merely slower.
+    socket.set_option(tcp::no_delay(true), ignored);
+    std::make_shared<HttpConnection>(server, std::move(socket))->read();
     accept(server);
   });
 }

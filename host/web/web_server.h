@@ -13,8 +13,8 @@ namespace host {
 class WebServerState;
 
 /// Serves a page and its WebSocket, on the loop that it was made with; nothing happens but while that runs.
-/// Who gets in, how many, how long a message may be and how slowly somebody may read is between clients and
-/// the server; what they say, and how often, is the application's business.
+/// Who gets in, how many, how much and how often they may send and how slowly they may read is between
+/// clients and the server; what they say is the application's business.
 class WebServer {
  public:
   /// Listens there at once; connections wait until `serve`. Throws Failure where nobody can.

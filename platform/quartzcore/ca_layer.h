@@ -131,7 +131,7 @@ class CALayer : public NSObject {
   void endAnimationsOf(const CAAnimationBlock& block);
 
  protected:
-  /// Sets a property of a layer's looks and notes that the screen changes. Nothing animates.
+  /// Sets a property of a layer's looks and notes that the screen may change. Nothing animates.
   template <class T>
   void assign(T& property, T value) {
     property = std::move(value);

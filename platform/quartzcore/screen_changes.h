@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-/// Whether there may be more to see on the screen than when it was last drawn, known without drawing it. While
-/// the count stays and no animation runs, the screen looks the same.
+/// Whether there may be more to see on the screen than when it was last drawn, known without drawing it.
+/// While the count stays and no animation runs, the screen looks the same.
 
 /// Something that a frame could show has changed.
 void noteScreenChange();

@@ -4,6 +4,8 @@ import { roundToHundredths } from './numbers.js';
 import { createOutlines } from './outlines.js';
 import { createViewList } from './views.js';
 
+const isOnScreen = ([x, y], { width, height }) => x >= 0 && y >= 0 && x < width && y < height;
+
 /**
  * Given the `glass` and the `canvas` that the pointer is over, the `svg` to draw in, the `toggle`, the
  * `pointRow` with the `fields` for x and y, the `viewList` to fill, the `device` that tells points, and `send`.
@@ -69,8 +71,7 @@ export function createInspector({ glass, canvas, svg, toggle, pointRow, fields, 
   function follow(event) {
     if (!toggle.checked) return;
     const { x, y } = device.pointAt(event.clientX, event.clientY);
-    const { width, height } = device.size();
-    if (x >= 0 && y >= 0 && x < width && y < height) lookAt([x, y].map(roundToHundredths));
+    if (isOnScreen([x, y], device.size())) lookAt([x, y].map(roundToHundredths));
   }
 
   glass.addEventListener('pointermove', follow);
@@ -79,7 +80,8 @@ export function createInspector({ glass, canvas, svg, toggle, pointRow, fields, 
   toggle.addEventListener('change', () => setOn(toggle.checked));
   for (const field of fields) {
     field.addEventListener('input', () => {
-      if (fields.every((each) => each.value !== '')) lookAt(fields.map((each) => each.valueAsNumber));
+      const typed = fields.map((each) => each.valueAsNumber);
+      if (isOnScreen(typed, device.size())) lookAt(typed);
     });
   }
 
