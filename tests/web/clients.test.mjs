@@ -80,7 +80,10 @@ describe('Clients', () => {
     stalled.socket.pause();
     for (let count = 0; count < 2000; ++count) stalled.send('describe-all');
     await rig.device.launch('notes');
-    stalled.socket.resume();
+    await eventually(() => {
+      stalled.send('describe-all'); // Without reading, only writing tells that the other end has gone.
+      assert(stalled.socket.destroyed);
+    });
     assert.equal((await stalled.closed).code, 'none');
   });
 });
