@@ -38,7 +38,9 @@ ServeOptions serveOptions(const std::string& address, std::optional<std::string>
   serve.page = VISTREL_PAGE;
   if (!address.empty()) {
     const auto parsed = parseListenAddress(address);
-    if (!parsed) throw Failure(fmt::format("--serve: no [HOST:]PORT with an IP address: \"{}\"", address));
+    if (!parsed)
+      throw Failure(
+          fmt::format("--serve: no [HOST:]PORT of an IP address and a port up to 65535: \"{}\"", address));
     serve.address = *parsed;
   }
   if (token && token->empty()) token = makeToken();

@@ -62,6 +62,7 @@ class CardScroller : public UIWindow {
   void touchesBegan(const UITouchSet& touches, UIEvent* event) override;
   void touchesMoved(const UITouchSet& touches, UIEvent* event) override;
   void touchesEnded(const UITouchSet& touches, UIEvent* event) override;
+  void touchesCancelled(const UITouchSet& touches, UIEvent* event) override;
 
   // Closing (dismissal.cpp): over what it was opened on, or to the home screen. Ignored while closed or
   // closing.

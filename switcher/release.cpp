@@ -39,6 +39,12 @@ void CardScroller::touchesEnded(const UITouchSet& touches, UIEvent*) {
   if (hideAtEnd && !iconPickMode) hide();
 }
 
+/// A finger that the system takes away chooses nothing; without one, nobody could close what it has opened.
+void CardScroller::touchesCancelled(const UITouchSet&, UIEvent*) {
+  setUserInteractionEnabled(true);
+  if (switcherOpen && !iconPickMode) hide();
+}
+
 /// Runs the action of each screen end that the swipe has reached. True when one of them closes to the home
 /// screen.
 bool CardScroller::runSwipeActions(float y) {

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
+#include "platform/uikit/touch_dispatcher.h"
 #include "platform/uikit/ui_device.h"
 #include "platform/uikit/ui_keyboard.h"
 #include "prefs/settings.h"
 #include "strips/card_dragger.h"
 #include "switcher/card_scroller.h"
+#include "switcher/layout.h"
 #include "switcher/shared_state.h"
 #include "tests/support/test_device.h"
 
@@ -179,6 +181,18 @@ TEST(Release, PicksSwipesOrCloses) {
     switcherWindow->hide();
     device.pump(0.4);
   }
+}
+
+TEST(Release, AFingerThatIsTakenAwayPicksNothingAndLeavesTheSwitcherClosed) {
+  TestDevice device({.recents = testBundles});
+  device.swipeIn(240, 150);
+  device.pump(1);
+  ASSERT_TRUE(switcherOpen);
+  TouchDispatcher::shared().cancel(0, RunLoop::main().now());
+  device.pump(1);
+  EXPECT_FALSE(switcherOpen);
+  EXPECT_EQ(switcherWindow->frame(), restingWindowFrame());
+  EXPECT_EQ(device.springBoard().frontmost(), std::nullopt);
 }
 
 TEST(Release, HomeOnALockedDeviceOnlyCloses) {

@@ -7,6 +7,7 @@ import { afterEach, describe, test } from 'node:test';
 
 import { Client, opcode } from './support/client.mjs';
 import { bundleOf } from './support/device_page.mjs';
+import { eventually } from './support/eventually.mjs';
 import { readPropertyList } from './support/property_list.mjs';
 import { reboundHost, useRig } from './support/rig.mjs';
 
@@ -81,7 +82,8 @@ describe('Refused', () => {
     const settings = () => readPropertyList(rig.springboard.settingsFile(domain));
     const before = settings();
     for (const [text, wantedReason, wantedCode = 1008, kind = opcode.text] of cases) {
-      const client = await Client.connect(address());
+      const client = await rig.connect();
+      await eventually(() => assert.equal(client.pictures, 1)); // What is on its way might swallow the reason.
       client.sendFrame(kind, text);
       const { code, reason } = await client.closed;
       assert.equal(code, wantedCode, text);

@@ -49,6 +49,7 @@ export class Client extends EventEmitter {
     this.closed = new Promise((resolve) => { this.#end = resolve; });
     socket.on('data', (bytes) => this.#receive(bytes));
     socket.on('error', () => {});
+    socket.setTimeout(patience, () => socket.destroy()); // The server would have said something by then.
     socket.on('close', () => this.#end({ code: 'none' }));
     socket.unshift(head);
   }

@@ -8,6 +8,8 @@ import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { createInterface } from 'node:readline';
 
+const patience = 10_000; // Milliseconds.
+
 export class Springboard {
   #process;
   #ended;
@@ -48,6 +50,7 @@ export class Springboard {
   /** Switches it off as Ctrl-C does, which must go well: leaks and the like show here. */
   async stop() {
     this.#process.kill('SIGTERM');
+    setTimeout(() => this.#process.kill('SIGKILL'), patience).unref();
     assert.deepEqual(await this.#ended, [0, null], 'the springboard’s exit code and signal');
     process.off('exit', this.#cleanUp);
     this.#cleanUp();
