@@ -31,7 +31,8 @@ inline bool isFromAnotherSite(const http::request_header<>& request) {
 /// Answers requests for files, until one asks for the WebSocket. Pending operations keep it alive.
 class HttpConnection final : public Connection, public std::enable_shared_from_this<HttpConnection> {
  public:
-  HttpConnection(std::shared_ptr<WebServerState> server, tcp::socket socket) : server_(std::move(server)), stream_(std::move(socket)) {
+  HttpConnection(std::shared_ptr<WebServerState> server, tcp::socket socket)
+      : server_(std::move(server)), stream_(std::move(socket)) {
     server_->add(*this);
   }
   ~HttpConnection() override { server_->remove(*this); }

@@ -9,8 +9,8 @@
 namespace host {
 namespace {
 
-// Seconds between two drawings where touches bring them forward: barely below a frame. Drawings then fall in step
-// with touches that come once a frame; drawing more often was measured to delay all of them.
+// Seconds between two drawings where touches bring them forward: barely below a frame. Drawings then fall in
+// step with touches that come once a frame; drawing more often was measured to delay all of them.
 constexpr double shortestFrame = 0.016;
 constexpr CGFloat quality = 0.9f;
 

@@ -1,7 +1,7 @@
 #pragma once
 
-// What the server's connections have in common. Internal to web_server.cpp, the one place that is compiled with
-// the HTTP and WebSocket library.
+// What the server's connections have in common. Internal to web_server.cpp, the one place that is compiled
+// with the HTTP and WebSocket library.
 
 #include <algorithm>
 #include <boost/asio/ip/tcp.hpp>
