@@ -19,6 +19,8 @@ namespace {
 
 constexpr const char* defaultIcon = "Icon";
 constexpr const char* pictureEnding = ".png";
+constexpr std::size_t mostIconFiles = 20;  // Of those listed; each may have to be decoded to be compared.
+constexpr int largestIcon = 1024;          // Pixels a side.
 
 constexpr std::pair<const char*, UIInterfaceOrientation> orientationNames[] = {
     {"UIInterfaceOrientationPortrait", UIInterfaceOrientation::Portrait},
@@ -91,6 +93,7 @@ ApplicationBundle::ApplicationBundle(std::string folder, const DeviceModel& mode
   if (const std::string single = stringValue(*info, "CFBundleIconFile"); !single.empty())
     iconFiles_.push_back(single);
   if (iconFiles_.empty()) iconFiles_.push_back(defaultIcon);
+  iconFiles_.resize(std::min(iconFiles_.size(), mostIconFiles));
   orientations_ = orientationValues(*info, model);
 }
 
@@ -101,7 +104,8 @@ std::shared_ptr<UIImage> ApplicationBundle::loadIcon(CGFloat points) const {
     for (const std::string& file : iconCandidates(listed)) {
       const auto data = NSFileManager::defaultManager().contents(folder_ + "/" + file);
       CGImageRef picture = data ? decodeImage(*data) : nullptr;
-      if (picture && (!best || isFitter(picture->width(), best->width(), wanted))) best = picture;
+      const bool isIcon = picture && std::max(picture->width(), picture->height()) <= largestIcon;
+      if (isIcon && (!best || isFitter(picture->width(), best->width(), wanted))) best = picture;
     }
   }
   if (!best) return placeholderIcon(name_, points, model_.scale);

@@ -10,4 +10,7 @@ class Failure : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// The cause where what was thrown is no exception of the standard kind, which only libraries throw.
+inline constexpr const char* unknownFault = "an add-on library has thrown something unknown";
+
 }  // namespace host

@@ -12,6 +12,7 @@
 #include "host/interruption.h"
 #include "host/machine_file.h"
 #include "host/options.h"
+#include "host/readable.h"
 #include "host/script_runner.h"
 #include "host/settings/preference_panes.h"
 #include "host/spring_board.h"
@@ -38,7 +39,9 @@ class Script {
   std::ifstream file_;  // Never opened where there is no script: a stream without lines.
 };
 
-void complain(const std::string& cause) { std::cerr << "springboard: " << cause << std::endl; }
+void complain(const std::string& cause) {
+  std::cerr << "springboard: " << host::readable(cause) << std::endl;
+}
 
 /// A device that has booted, and what is said of it on the way.
 class Device {
@@ -122,6 +125,8 @@ int main(int argumentCount, char** arguments) {
     return options.serve ? serve(options, arguments) : play(options);
   } catch (const std::exception& error) {
     complain(error.what());
-    return host::exitFailed;
+  } catch (...) {
+    complain(host::unknownFault);
   }
+  return host::exitFailed;
 }

@@ -3,10 +3,10 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 
 #include "host/exit_code.h"
 #include "host/failure.h"
+#include "host/readable.h"
 #include "host/script_parser.h"
 #include "host/web/request_guard.h"
 
@@ -23,13 +23,8 @@ std::string scriptHelp() {
   return text + "\nExit codes: 0 all done, 1 something failed, 2 an option or a line of the script is wrong.";
 }
 
-std::string oneLine(std::string text) {
-  std::ranges::replace(text, '\n', ' ');
-  return text;
-}
-
 EarlyExit badOption(const std::string& cause) {
-  return {fmt::format("{}: {} (--help lists the options)\n", programName, cause), exitBadInput};
+  return {fmt::format("{}: {} (--help lists the options)\n", programName, readable(cause)), exitBadInput};
 }
 
 /// Empty texts stand for values that were left out. Throws Failure.
@@ -64,6 +59,9 @@ std::variant<Options, EarlyExit> parseOptions(int argumentCount, const char* con
   std::vector<std::string> deviceNames;
   for (const DeviceModel& model : deviceModels()) deviceNames.push_back(model.name);
 
+  const CLI::Validator notEmpty(
+      [](const std::string& text) { return text.empty() ? "must not be empty" : ""; }, "");
+
   CLI::App app(description, programName);
   app.footer(scriptHelp());
   app.set_version_flag("--version", fmt::format("{} {}", programName, VISTREL_VERSION),
@@ -71,15 +69,17 @@ std::variant<Options, EarlyExit> parseOptions(int argumentCount, const char* con
   app.set_help_flag("--help", "Print this and exit");
   app.add_option("--root", options.boot.root, "The folder that is the device's \"/\"")
       ->type_name("DIR")
+      ->check(notEmpty)
       ->capture_default_str();
   app.add_option("--device", device, "The device to be")
       ->type_name("NAME")
       ->capture_default_str()
       ->check(CLI::IsMember(deviceNames));
-  app.add_flag("--no-tweaks", noTweaks, "Load no add-on libraries");
-  app.add_flag("--locked", options.boot.startLocked, "Boot to the lock screen");
+  app.add_flag("--no-tweaks", noTweaks, "Load no add-on libraries")->disable_flag_override();
+  app.add_flag("--locked", options.boot.startLocked, "Boot to the lock screen")->disable_flag_override();
   auto* script = app.add_option("--script", options.script,
                                 "Play this script; - reads it from standard input, line by line")
+                     ->check(notEmpty)
                      ->type_name("FILE");
   auto* serve =
       app.add_option("--serve", address,
@@ -95,10 +95,12 @@ std::variant<Options, EarlyExit> parseOptions(int argumentCount, const char* con
                           ->expected(0, 1)
                           ->needs(serve);
   app.add_option("--log", options.log, "Write what happens to this file, one JSON object a line")
+      ->check(notEmpty)
       ->type_name("FILE");
   app.add_option("--seed", options.seed,
                  "Seed of the process's random numbers, for add-on libraries that draw any; the home screen "
                  "draws none")
+      ->check(notEmpty)
       ->type_name("N");
 
   try {
@@ -108,7 +110,7 @@ std::variant<Options, EarlyExit> parseOptions(int argumentCount, const char* con
   } catch (const CLI::CallForVersion& version) {
     return EarlyExit{fmt::format("{}\n", version.what()), exitSuccess};
   } catch (const CLI::ParseError& error) {
-    return badOption(oneLine(error.what()));
+    return badOption(error.what());
   }
   options.boot.loadTweaks = !noTweaks;
   options.boot.model = *findDeviceModel(device);

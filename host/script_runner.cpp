@@ -8,6 +8,7 @@
 #include "host/exit_code.h"
 #include "host/failure.h"
 #include "host/interruption.h"
+#include "host/readable.h"
 #include "host/script_parser.h"
 #include "host/script_verbs.h"
 
@@ -17,17 +18,15 @@ namespace {
 /// The byte order mark that some editors put at the start of a file.
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-constexpr std::size_t longestMessage = 300;
+constexpr std::size_t longestLine = 64 << 10;  // Bytes.
 
-/// A message as one readable line, even where it quotes input that is neither.
-std::string readable(std::string_view message) {
-  std::string line;
-  for (const char character : message.substr(0, longestMessage)) {
-    const bool isControl = static_cast<unsigned char>(character) < ' ' || character == '\x7f';
-    line += isControl ? fmt::format("\\x{:02x}", static_cast<unsigned char>(character))
-                      : std::string(1, character);
-  }
-  return message.size() > longestMessage ? line + "..." : line;
+/// The next line, of one that is too long the beginning; false when there is none.
+bool takeLine(std::istream& lines, std::string& line) {
+  std::string room(longestLine + 2, '\0');  // One byte to see that it is too long, one for a NUL.
+  lines.getline(room.data(), std::ssize(room));
+  const auto taken = static_cast<std::size_t>(lines.gcount());
+  line.assign(room, 0, lines.good() ? taken - 1 : taken);  // The end of a line is no part of it.
+  return !lines.fail() || line.size() > longestLine;
 }
 
 }  // namespace
@@ -38,27 +37,30 @@ int runScript(std::istream& lines, const std::string& name, SpringBoard& springB
   int number = 0;
   // Runs one step and says, as an exit code, what became of it.
   const auto attempt = [&](const std::function<void()>& step) {
-    const auto complain = [&](const std::exception& cause, int exitCode) {
-      errors << fmt::format("{}:{}: {}\n", name, number, readable(cause.what())) << std::flush;
+    const auto complain = [&](std::string_view cause, int exitCode) {
+      errors << fmt::format("{}:{}: {}\n", name, number, readable(cause)) << std::flush;
       return exitCode;
     };
     try {
       step();
       return exitSuccess;
     } catch (const BadScriptLine& badLine) {
-      return complain(badLine, exitBadInput);
+      return complain(badLine.what(), exitBadInput);
     } catch (const std::exception& failure) {
       // Failures and impossible touches are meant to come; an add-on library's fault ends the run no less
       // tidily.
-      return complain(failure, exitFailed);
+      return complain(failure.what(), exitFailed);
+    } catch (...) {
+      return complain(unknownFault, exitFailed);
     }
   };
 
   int result = exitSuccess;
-  for (std::string line; result == exitSuccess && !interrupted() && std::getline(lines, line);) {
+  for (std::string line; result == exitSuccess && !interrupted() && takeLine(lines, line);) {
     ++number;
     if (number == 1 && line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
     result = attempt([&] {
+      if (line.size() > longestLine) throw BadScriptLine(fmt::format("longer than {} bytes", longestLine));
       if (auto command = parseScriptLine(line)) verbs.perform(*command);
     });
   }

@@ -24,6 +24,9 @@ enum class Absent { Keep, Clear };
 struct Unused {};
 constexpr bool unusedDefault = true;
 
+/// As a factor, far beyond any screen; all that is computed with it stays finite.
+constexpr float largestIconSize = 1e6f;
+
 /// One key: which setting it is, and what a file without it means.
 struct Key {
   const char* name;
@@ -91,7 +94,7 @@ std::optional<std::string> convert(const PropertyList& value, std::string Settin
 std::optional<bool> convert(const PropertyList& value, bool Settings::*) { return value.boolValue(); }
 std::optional<float> convert(const PropertyList& value, float Settings::*) {
   auto number = value.floatValue();
-  return number && *number != 0 && std::isfinite(*number) ? number : std::nullopt;
+  return number && *number != 0 && std::abs(*number) <= largestIconSize ? number : std::nullopt;
 }
 std::optional<std::int32_t> convert(const PropertyList& value, std::int32_t Settings::*) {
   auto number = value.intValue();

@@ -13,6 +13,8 @@ namespace {
 constexpr const char* fontFamily = "Liberation Sans";
 /// More than any line is long; keeps Pango's units within an int.
 constexpr CGFloat maxLineWidth = 100'000;
+/// Bytes; no line has room for more.
+constexpr std::size_t longestText = 1000;
 
 struct GObjectDeleter {
   void operator()(gpointer object) const { g_object_unref(object); }
@@ -64,6 +66,7 @@ LayoutPtr layOut(cairo_t* cairo, std::string_view text, CGFloat width, const CGT
   pango_font_description_set_absolute_size(font.get(), double(style.fontSize) * PANGO_SCALE);
   pango_layout_set_font_description(layout.get(), font.get());
 
+  text = text.substr(0, longestText);
   // Names come from files, and may be no valid UTF-8.
   const std::unique_ptr<gchar, GlibDeleter> valid(g_utf8_make_valid(text.data(), gssize(text.size())));
   pango_layout_set_text(layout.get(), valid.get(), -1);

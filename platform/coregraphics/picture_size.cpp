@@ -5,7 +5,7 @@
 namespace {
 
 /// A few bytes of file can announce any size; this is as much memory as a picture may ask for.
-constexpr std::uint64_t maxPixels = 64ull << 20;
+constexpr std::uint64_t maxPixels = 16ull << 20;
 
 }  // namespace
 

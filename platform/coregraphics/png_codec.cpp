@@ -63,6 +63,8 @@ class Reader {
   bool readHeader() {
     return info_ && error_.guard([this] {
       png_set_read_fn(png_, this, takeBytes);
+      // Whatever is no part of the pixels is passed over: texts and profiles unpack to any size.
+      png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
       png_read_info(png_, info_);
       const int colorType = png_get_color_type(png_, info_);
       hasAlpha_ = (colorType & PNG_COLOR_MASK_ALPHA) || png_get_valid(png_, info_, PNG_INFO_tRNS);

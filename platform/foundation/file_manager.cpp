@@ -1,12 +1,12 @@
 #include "platform/foundation/file_manager.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <fstream>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -16,8 +16,10 @@ namespace {
 constexpr std::string_view privateVar = "/private/var";
 constexpr std::string_view var = "/var";
 constexpr mode_t fileMode = 0644;
-constexpr std::uintmax_t largestFile = 256 << 20;  // Bytes; no file of the device comes near it.
-constexpr const char* temporaryName = ".write-XXXXXX";
+constexpr off_t largestFile = 64 << 20;  // Bytes; no file of the device comes near it.
+constexpr std::string_view temporaryPrefix = ".write-";
+constexpr std::string_view temporarySuffix = "XXXXXX";           // Which mkostemp() replaces.
+constexpr int openSafely = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;  // Not waiting for a pipe's other end.
 
 /// An open file descriptor, closed at the end of its scope.
 class Descriptor {
@@ -32,6 +34,24 @@ class Descriptor {
   bool isOpen() const { return number_ >= 0; }
   int number() const { return number_; }
   bool sync() const { return ::fsync(number_) == 0; }
+  bool lock() const { return ::flock(number_, LOCK_EX | LOCK_NB) == 0; }
+
+  /// The bytes of a regular file, as many as it has now; nothing for anything else.
+  std::optional<NSData> read() const {
+    struct stat status {};
+    if (!isOpen() || ::fstat(number_, &status) != 0 || !S_ISREG(status.st_mode) ||
+        status.st_size > largestFile)
+      return std::nullopt;
+    NSData data(static_cast<std::size_t>(status.st_size));
+    for (std::size_t taken = 0; taken < data.size();) {
+      const ssize_t count = ::read(number_, data.data() + taken, data.size() - taken);
+      if (count < 0 && errno == EINTR) continue;
+      if (count < 0) return std::nullopt;
+      if (count == 0) data.resize(taken);  // It has been cut meanwhile.
+      taken += static_cast<std::size_t>(count);
+    }
+    return data;
+  }
 
   bool write(const NSData& data) const {
     for (std::size_t written = 0; written < data.size();) {
@@ -73,15 +93,26 @@ bool hasDanglingLink(fs::path path, const fs::path& folder) {
 }
 
 bool writePlain(const fs::path& path, const NSData& data) {
-  const Descriptor file(
-      ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, fileMode));
+  const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | openSafely, fileMode));
   return file.isOpen() && file.write(data);
 }
 
+/// Removes what atomic writes have left that were killed: temporary files that nobody holds any more.
+void removeAbandoned(const fs::path& folder) {
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    if (!entry->path().filename().string().starts_with(temporaryPrefix)) continue;
+    const Descriptor file(::open(entry->path().c_str(), O_RDONLY | openSafely));
+    if (file.isOpen() && file.lock()) ::unlink(entry->path().c_str());
+  }
+}
+
 bool writeAtomically(const fs::path& path, const NSData& data) {
-  std::string temporary = (path.parent_path() / temporaryName).string();
+  removeAbandoned(path.parent_path());
+  std::string temporary = (path.parent_path() / temporaryPrefix).concat(temporarySuffix).string();
   const Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
   if (!file.isOpen()) return false;
+  file.lock();  // From here on no other process takes it for abandoned.
   const bool replaced = file.write(data) && ::fchmod(file.number(), fileMode) == 0 && file.sync() &&
                         ::rename(temporary.c_str(), path.c_str()) == 0;
   if (!replaced) {
@@ -139,16 +170,7 @@ std::vector<std::string> NSFileManager::contentsOfDirectory(std::string_view dev
 
 std::optional<NSData> NSFileManager::contents(std::string_view devicePath) const {
   const auto path = resolve(devicePath);
-  std::error_code error;
-  if (!path || !fs::is_regular_file(*path, error)) return std::nullopt;
-  const std::uintmax_t size = fs::file_size(*path, error);
-  std::ifstream stream(*path, std::ios::binary);
-  if (error || size > largestFile || !stream) return std::nullopt;
-  NSData data(size);
-  stream.read(reinterpret_cast<char*>(data.data()), static_cast<std::streamsize>(size));
-  if (stream.bad()) return std::nullopt;
-  data.resize(static_cast<std::size_t>(stream.gcount()));
-  return data;
+  return path ? Descriptor(::open(path->c_str(), O_RDONLY | openSafely)).read() : std::nullopt;
 }
 
 bool NSFileManager::write(std::string_view devicePath, const NSData& data, Writing writing) {

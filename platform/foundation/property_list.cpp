@@ -46,5 +46,6 @@ std::optional<PropertyListDictionary> dictionaryWithContentsOfFile(const std::st
 
 bool writeDictionaryToFile(const PropertyListDictionary& dictionary, const std::string& devicePath) {
   const NSData data = dataWithPropertyList(dictionary, PropertyListFormat::Xml);
-  return NSFileManager::defaultManager().write(devicePath, data, NSFileManager::Writing::Atomic);
+  return !data.empty() &&
+         NSFileManager::defaultManager().write(devicePath, data, NSFileManager::Writing::Atomic);
 }

@@ -75,6 +75,7 @@ enum class PropertyListFormat { Xml, Binary };
 
 /// Reads either format by content. Anything unreadable gives nothing.
 std::optional<PropertyList> propertyListWithData(const NSData& data);
+/// Empty when it would become a document that is too deep or too large to be read again.
 NSData dataWithPropertyList(const PropertyList& list, PropertyListFormat format);
 
 /// `NSDictionary initWithContentsOfFile:` on a device path: nothing when the file is missing, unreadable or

@@ -8,9 +8,9 @@
 namespace {
 
 constexpr std::string_view binaryHead = "bplist00";
-constexpr std::size_t largestDocument = 16 << 20;   // Bytes.
-constexpr std::size_t deepestNesting = 512;         // Arrays and dictionaries inside one another.
-constexpr std::size_t largestExpansion = 64 << 20;  // Bytes of objects, each reference counted anew.
+constexpr std::size_t largestDocument = 1 << 20;     // Bytes.
+constexpr std::size_t largestExpansion = 16 << 20;   // Bytes of objects, each reference counted anew.
+constexpr std::size_t largestUnescaping = 64 << 20;  // Bytes of one text, times its entities.
 
 /// Follows the tags of an XML document, keeping only which arrays and dictionaries are open.
 class XmlNesting {
@@ -19,13 +19,19 @@ class XmlNesting {
 
   bool isBounded() {
     if (rest_.find('\0') != std::string_view::npos) return false;  // No XML character, and no end of a text.
-    while (skipPast("<")) {
-      if (!takeTag() || open_.size() > deepestNesting) return false;
+    while (isQuickText() && skipPast("<")) {
+      if (!takeTag() || open_.size() > deepestPropertyList) return false;
     }
-    return true;
+    return isQuickText();
   }
 
  private:
+  /// For each entity of a text the parser moves all that follows it.
+  bool isQuickText() const {
+    const std::string_view text = rest_.substr(0, rest_.find('<'));
+    return std::size_t(std::ranges::count(text, '&')) * text.size() <= largestUnescaping;
+  }
+
   bool skipPast(std::string_view end) {
     const std::size_t position = rest_.find(end);
     if (position == std::string_view::npos) return false;
@@ -42,11 +48,17 @@ class XmlNesting {
   bool takeTag() {
     if (take("!--")) return skipPast("-->");
     if (take("![CDATA[")) return skipPast("]]>");
-    if (take("?")) return skipPast("?>");
+    if (take("?")) return open_.empty() && skipPast("?>");
     if (take("!")) return takeDeclaration();
     const bool closes = take("/");
     const bool isContainer = rest_.starts_with(array) || rest_.starts_with(dictionary);
-    return !isContainer || takeContainer(closes);
+    return isContainer ? takeContainer(closes) : open_.empty() || isPlainTag();
+  }
+
+  /// What looks like a tag here might be a part of this one to the parser.
+  bool isPlainTag() const {
+    const std::size_t end = rest_.find_first_of("\"'<>");
+    return end != std::string_view::npos && rest_[end] == '>';
   }
 
   /// A document type stands before everything else and defines nothing of its own.
@@ -89,7 +101,8 @@ bool looksLikeXml(std::string_view document) {
 std::optional<PropertyListFormat> parseablePropertyListFormat(std::string_view document) {
   if (document.size() > largestDocument) return std::nullopt;
   if (document.starts_with(binaryHead)) {
-    const bool isBounded = BinaryPropertyListWalk(document, deepestNesting, largestExpansion).isBounded();
+    const bool isBounded =
+        BinaryPropertyListWalk(document, deepestPropertyList, largestExpansion).isBounded();
     return isBounded ? std::optional(PropertyListFormat::Binary) : std::nullopt;
   }
   const bool isBounded = looksLikeXml(document) && XmlNesting(document).isBounded();

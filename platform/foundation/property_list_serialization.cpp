@@ -1,5 +1,6 @@
 // The two file formats of property lists, by way of libplist.
 
+#include <glib.h>
 #include <plist/plist.h>
 
 #include <algorithm>
@@ -27,7 +28,8 @@ struct FreeDeleter {
 template <class T>
 using Allocated = std::unique_ptr<T, FreeDeleter>;
 
-PropertyList valueOf(plist_t node, PropertyListFormat format);
+/// Nothing when there is a text in it that is none.
+std::optional<PropertyList> valueOf(plist_t node, PropertyListFormat format);
 
 template <class T>
 T scalarOf(plist_t node, void (*getter)(plist_t, T*)) {
@@ -36,10 +38,25 @@ T scalarOf(plist_t node, void (*getter)(plist_t, T*)) {
   return value;
 }
 
+/// Negative numbers are kept as their two's complement. One beyond 63 bits, of which the library tells by its
+/// width alone, becomes a real.
+PropertyList integerOf(plist_t node) {
+  const auto value = scalarOf(node, plist_get_uint_val);
+  const Node narrow(plist_new_uint(value));
+  if (!plist_compare_node_value(node, narrow.get())) return static_cast<double>(value);
+  return static_cast<std::int64_t>(value);
+}
+
 std::string_view bytesOf(plist_t node, const char* (*getter)(plist_t, std::uint64_t*)) {
   std::uint64_t length = 0;
   const char* bytes = getter(node, &length);
   return bytes ? std::string_view(bytes, length) : std::string_view();
+}
+
+/// The nearest date that the library can hold: it counts seconds with 32 bits.
+double representableDate(double seconds) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return std::isnan(seconds) ? 0 : std::clamp<double>(seconds, Limits::min(), Limits::max());
 }
 
 PropertyListDate dateOf(plist_t node) {
@@ -47,10 +64,19 @@ PropertyListDate dateOf(plist_t node) {
   std::int32_t microseconds = 0;
   plist_get_date_val(node, &seconds, &microseconds);
   const double fraction = microseconds / microsecondsPerSecond;
-  return {seconds + std::copysign(fraction, seconds)};  // The fraction comes without its sign.
+  // The fraction comes without its sign; a date far out of range brings anything at all.
+  return {representableDate(seconds + std::copysign(fraction, seconds))};
 }
 
-PropertyListArray arrayOf(plist_t node, PropertyListFormat format) {
+/// The library passes bytes on as they are; a text is UTF-8.
+bool isText(std::string_view bytes) { return g_utf8_validate_len(bytes.data(), bytes.size(), nullptr); }
+
+std::optional<PropertyList> textOf(plist_t node) {
+  const std::string_view bytes = bytesOf(node, plist_get_string_ptr);
+  return isText(bytes) ? std::optional<PropertyList>(std::string(bytes)) : std::nullopt;
+}
+
+std::optional<PropertyListArray> arrayOf(plist_t node, PropertyListFormat format) {
   PropertyListArray values;
   plist_array_iter iterator = nullptr;
   plist_array_new_iter(node, &iterator);
@@ -59,11 +85,13 @@ PropertyListArray arrayOf(plist_t node, PropertyListFormat format) {
     plist_t item = nullptr;
     plist_array_next_item(node, iterator, &item);
     if (!item) return values;
-    values.push_back(valueOf(item, format));
+    auto value = valueOf(item, format);
+    if (!value) return std::nullopt;
+    values.push_back(std::move(*value));
   }
 }
 
-PropertyListDictionary dictionaryOf(plist_t node, PropertyListFormat format) {
+std::optional<PropertyListDictionary> dictionaryOf(plist_t node, PropertyListFormat format) {
   PropertyListDictionary values;
   plist_dict_iter iterator = nullptr;
   plist_dict_new_iter(node, &iterator);
@@ -74,7 +102,9 @@ PropertyListDictionary dictionaryOf(plist_t node, PropertyListFormat format) {
     plist_dict_next_item(node, iterator, &key, &item);
     const Allocated<char> keyOwner(key);
     if (!key || !item) return values;
-    values.insert_or_assign(key, valueOf(item, format));
+    auto value = valueOf(item, format);
+    if (!value || !isText(key)) return std::nullopt;
+    values.insert_or_assign(key, std::move(*value));
   }
 }
 
@@ -87,13 +117,12 @@ std::optional<PropertyListUid> spelledUid(const PropertyListDictionary& dictiona
 }
 
 /// Recursion is as deep as the list, which the guard has bounded.
-PropertyList valueOf(plist_t node, PropertyListFormat format) {
+std::optional<PropertyList> valueOf(plist_t node, PropertyListFormat format) {
   switch (plist_get_node_type(node)) {
     case PLIST_BOOLEAN:
       return scalarOf(node, plist_get_bool_val) != 0;
     case PLIST_UINT:
-      // Negative numbers are kept as their two's complement.
-      return static_cast<std::int64_t>(scalarOf(node, plist_get_uint_val));
+      return integerOf(node);
     case PLIST_REAL:
       return scalarOf(node, plist_get_real_val);
     case PLIST_DATE:
@@ -107,13 +136,25 @@ PropertyList valueOf(plist_t node, PropertyListFormat format) {
     case PLIST_ARRAY:
       return arrayOf(node, format);
     case PLIST_DICT: {
-      PropertyListDictionary dictionary = dictionaryOf(node, format);
-      const auto uid = format == PropertyListFormat::Xml ? spelledUid(dictionary) : std::nullopt;
-      return uid ? PropertyList(*uid) : PropertyList(std::move(dictionary));
+      auto dictionary = dictionaryOf(node, format);
+      const bool mayBeUid = dictionary && format == PropertyListFormat::Xml;
+      if (const auto uid = mayBeUid ? spelledUid(*dictionary) : std::nullopt) return *uid;
+      return dictionary;
     }
     default:
-      return std::string(bytesOf(node, plist_get_string_ptr));
+      return textOf(node);
   }
+}
+
+/// Whether no more than `levels` arrays and dictionaries lie inside one another: the library recurses.
+bool isShallow(const PropertyList& list, std::size_t levels) {
+  const auto isShallowBelow = [levels](const PropertyList& item) { return isShallow(item, levels - 1); };
+  if (auto* array = list.as<PropertyListArray>())
+    return levels > 0 && std::ranges::all_of(*array, isShallowBelow);
+  if (auto* dictionary = list.as<PropertyListDictionary>())
+    return levels > 0 &&
+           std::ranges::all_of(*dictionary, isShallowBelow, &PropertyListDictionary::value_type::second);
+  return true;
 }
 
 /// Makes the libplist node of each kind of value; the caller owns it.
@@ -129,9 +170,9 @@ struct NodeMaker {
   }
 
   plist_t operator()(PropertyListDate value) const {
-    constexpr double furthest = std::numeric_limits<std::int32_t>::max();
-    const double seconds = std::clamp(std::trunc(value.seconds), -furthest, furthest);
-    const double microseconds = std::trunc((value.seconds - seconds) * microsecondsPerSecond);
+    const double date = representableDate(value.seconds);
+    const double seconds = std::trunc(date);
+    const double microseconds = std::trunc((date - seconds) * microsecondsPerSecond);
     return plist_new_date(static_cast<std::int32_t>(seconds), static_cast<std::int32_t>(microseconds));
   }
 
@@ -161,15 +202,17 @@ std::optional<PropertyList> propertyListWithData(const NSData& data) {
   plist_t parsed = nullptr;
   parse(document.data(), static_cast<std::uint32_t>(document.size()), &parsed);
   const Node root(parsed);
-  return root ? std::optional(valueOf(root.get(), *format)) : std::nullopt;
+  return root ? valueOf(root.get(), *format) : std::nullopt;
 }
 
 NSData dataWithPropertyList(const PropertyList& list, PropertyListFormat format) {
+  if (!isShallow(list, deepestPropertyList)) return {};
   const Node root(std::visit(NodeMaker(), list.value()));
   const auto serialize = format == PropertyListFormat::Binary ? plist_to_bin : plist_to_xml;
   char* bytes = nullptr;
   std::uint32_t length = 0;
   serialize(root.get(), &bytes, &length);
   const Allocated<char> owner(bytes);
-  return NSData(bytes, bytes + length);
+  const bool isReadable = bytes && parseablePropertyListFormat({bytes, length});
+  return isReadable ? NSData(bytes, bytes + length) : NSData();
 }

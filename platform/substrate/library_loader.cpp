@@ -1,15 +1,18 @@
 #include "platform/substrate/library_loader.h"
 
 #include <dlfcn.h>
+#include <link.h>
+#include <unistd.h>
 
 #include <algorithm>
-#include <exception>
+#include <fstream>
 #include <optional>
 #include <string_view>
 
 #include "platform/foundation/file_manager.h"
 #include "platform/foundation/property_list.h"
 #include "platform/foundation/trace.h"
+#include "platform/substrate/load_rehearsal.h"
 
 namespace {
 
@@ -31,27 +34,40 @@ std::optional<PropertyListArray> bundlesOfFilter(const std::string& filterPath) 
   return names ? std::optional(*names) : std::nullopt;
 }
 
-/// What the dynamic linker says, in one line and with the library's path as the device spells it.
+/// Whether the file is for the machine that this process runs on.
+bool isForThisMachine(const std::filesystem::path& library) {
+  const auto headOf = [](const std::filesystem::path& path) {
+    ElfW(Ehdr) head{};
+    std::ifstream(path, std::ios::binary).read(reinterpret_cast<char*>(&head), sizeof head);
+    return head;
+  };
+  const auto own = headOf("/proc/self/exe"), its = headOf(library);
+  return std::equal(own.e_ident, own.e_ident + EI_VERSION, its.e_ident) && own.e_machine == its.e_machine;
+}
+
+/// The cause in one line, with the library's path as the device spells it.
 std::string describeFailure(std::string text, const std::string& machinePath, const std::string& devicePath) {
   for (auto at = text.find(machinePath); at != std::string::npos;
        at = text.find(machinePath, at + devicePath.size())) {
     text.replace(at, machinePath.size(), devicePath);
   }
   std::replace(text.begin(), text.end(), '\n', ' ');
-  return text;
+  return text.starts_with(devicePath) ? text : devicePath + ": " + text;
 }
 
 /// Loads the library and runs its constructors; the reason why not, or nothing once it is loaded.
 std::string load(const std::string& devicePath) {
   const auto path = NSFileManager::defaultManager().resolve(devicePath);
-  if (!path) return devicePath + ": no such file";
-  try {
-    if (::dlopen(path->c_str(), RTLD_NOW | RTLD_LOCAL)) return {};
+  std::error_code error;
+  if (!path || !std::filesystem::is_regular_file(*path, error)) return devicePath + ": no such file";
+  if (::access(path->c_str(), R_OK) != 0) return devicePath + ": cannot be read";
+  if (!isForThisMachine(*path)) return devicePath + ": no library for this machine";
+  std::string failure = rehearseLoading(*path);
+  if (failure.empty() && !::dlopen(path->c_str(), RTLD_NOW | RTLD_LOCAL)) {
     const char* reason = ::dlerror();
-    return describeFailure(reason ? reason : "cannot be loaded", path->string(), devicePath);
-  } catch (const std::exception& exception) {
-    return devicePath + ": " + describeFailure(exception.what(), path->string(), devicePath);
+    failure = reason ? reason : "cannot be loaded";
   }
+  return failure.empty() ? failure : describeFailure(failure, path->string(), devicePath);
 }
 
 }  // namespace

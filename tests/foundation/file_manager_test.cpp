@@ -1,6 +1,7 @@
 #include "platform/foundation/file_manager.h"
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <csignal>
 
@@ -46,6 +47,15 @@ TEST_F(FileManager, WritingReplacesTheWholeFileAlsoThroughALink) {
     for (auto path : {"/a/b", "/a/b/file/below"}) EXPECT_FALSE(files().write(path, bytes("x"), writing));
   }
   EXPECT_EQ(files().contentsOfDirectory("/a/b"), std::vector<std::string>{"file"});
+}
+
+TEST_F(FileManager, WhatIsNoFileIsNeitherReadNorWrittenNorWaitedFor) {
+  fs::create_directory(root() / "folder");
+  ASSERT_EQ(mkfifo((root() / "pipe").c_str(), 0600), 0);
+  std::ofstream(root() / "huge") << "x";
+  fs::resize_file(root() / "huge", std::uintmax_t{1} << 40);
+  for (const char* path : {"/folder", "/pipe", "/huge"}) EXPECT_FALSE(files().contents(path)) << path;
+  for (Writing writing : {Writing::Plain, Writing::Atomic}) EXPECT_FALSE(files().write("/pipe", {}, writing));
 }
 
 TEST_F(FileManager, AnAtomicWriteThatFailsLeavesTheOldFile) {

@@ -12,7 +12,7 @@ using Dictionary = PropertyListDictionary;
 using Array = PropertyListArray;
 
 constexpr int arrayMarker = 0xA0;  // Plus the number of references.
-constexpr int trueMarker = 0x09;
+constexpr int trueMarker = 0x09, realMarker = 0x23, dateMarker = 0x33;
 constexpr int referenceWidth = 4;  // Bytes of an offset or a reference.
 
 class PropertyLists : public TemporaryRoot {
@@ -61,6 +61,9 @@ TEST_F(PropertyLists, EveryKindOfValueSurvivesBothForms) {
     EXPECT_EQ(data[0], format == PropertyListFormat::Xml ? '<' : 'b');
     EXPECT_EQ(propertyListWithData(data), all);
   }
+  NSData farDate = dataWithPropertyList(1e300, PropertyListFormat::Binary);
+  *std::ranges::find(farDate, realMarker) = dateMarker;
+  EXPECT_LE(std::abs(propertyListWithData(farDate)->as<PropertyListDate>()->seconds), 0x1p31);
 }
 
 TEST_F(PropertyLists, WhatIsNoPropertyListGivesNothing) {
@@ -71,10 +74,13 @@ TEST_F(PropertyLists, WhatIsNoPropertyListGivesNothing) {
   NSData cut = chain(2, 1, End::Leaf);
   cut.pop_back();
   NSData nulInKey = dataWithPropertyList(Dictionary{{"key", 1}}, PropertyListFormat::Binary);
-  *std::find(nulInKey.begin(), nulInKey.end(), 'k') = '\0';
+  NSData noTextInKey = nulInKey;
+  *std::ranges::find(nulInKey, 'k') = '\0';
+  *std::ranges::find(noTextInKey, 'k') = 0xFF;
   // clang-format off
   const NSData broken[] = {
-      {}, NSData(100, 0), bytes("{ key = value; }"), cut, nulInKey, xml(""), xml("<array><true/>"), xml("<array></dict>"),
+      {}, NSData(100, 0), bytes("{ key = value; }"), cut, nulInKey, noTextInKey, xml("<string>\xFF</string>"),
+      xml("<string>&#xD800;</string>"), xml(""), xml("<array><true/>"), xml("<array></dict>"),
       xml("<!DOCTYPE x [<!ENTITY a \"b\">]><true/>"), xml("<string>" + std::string(17 << 20, 'x') + "</string>")};
   // clang-format on
   for (const NSData& data : broken) EXPECT_FALSE(propertyListWithData(data)) << &data - broken;
@@ -85,8 +91,25 @@ TEST_F(PropertyLists, CyclesDepthAndSharedObjectsDoNotExhaustTheMachine) {
                             chain(30, 10, End::Leaf)};
   for (const NSData& data : hostile) EXPECT_FALSE(propertyListWithData(data)) << &data - hostile;
   for (const char* opening : {"<array>", "<array >", "<array><!-- </array> -->", "<dict><key>a</key>"}) {
-    EXPECT_FALSE(propertyListWithData(xml(repeated(opening, 600000)))) << opening;
+    EXPECT_FALSE(propertyListWithData(xml(repeated(opening, 60000)))) << opening;
   }
+  // To the parser these end later than they seem to, and the arrays stay open.
+  for (const char* ending : {"<?\"?></array>\"?>", "<true a=\"></array>\"/>", "<true </array>/>"}) {
+    EXPECT_FALSE(propertyListWithData(xml(repeated(std::string("<array>") + ending, 20000)))) << ending;
+  }
+  EXPECT_FALSE(propertyListWithData(xml("<string>" + repeated("&amp;", 200000) + "</string>")));
+}
+
+TEST_F(PropertyLists, WhatCouldNotBeReadAgainIsNotWritten) {
+  PropertyList deep = true;
+  for (int i = 0; i < 600; ++i)
+    deep = i % 2 ? PropertyList(Array{deep}) : PropertyList(Dictionary{{"a", deep}});
+  for (const PropertyList& list : {deep, PropertyList(std::string(2 << 20, 'x'))}) {
+    for (auto format : {PropertyListFormat::Xml, PropertyListFormat::Binary})
+      EXPECT_TRUE(dataWithPropertyList(list, format).empty());
+    EXPECT_FALSE(writeDictionaryToFile({{"key", list}}, "/file.plist"));
+  }
+  EXPECT_FALSE(files().fileExists("/file.plist"));
 }
 
 TEST_F(PropertyLists, NumbersAndBooleansConvertAndNothingElseDoes) {
@@ -110,6 +133,7 @@ TEST_F(PropertyLists, NumbersAndBooleansConvertAndNothingElseDoes) {
     EXPECT_EQ(each.value.intValue(), each.asInt);
   }
   EXPECT_EQ(PropertyList(std::nan("")).intValue(), std::nullopt);
+  EXPECT_EQ(propertyListWithData(xml("<integer>99999999999999999999</integer>"))->intValue(), std::nullopt);
 }
 
 TEST_F(PropertyLists, OnlyDictionariesAreReadFromAFile) {

@@ -57,6 +57,8 @@ TEST(Options, WrongOnesAreRefusedInOneLine) {
   const std::vector<std::vector<const char*>> cases = {{"--device", "iphone-9"},
                                                        {"--seed", "many"},
                                                        {"--seed", "-1"},
+                                                       {"--seed", ""},
+                                                       {"--root", ""},
                                                        {"--script"},
                                                        {"--color"},
                                                        {"stray"},

@@ -85,8 +85,10 @@ TEST_F(ScriptRunnerTest, StopsAtTheFirstLineThatIsWrongOrFails) {
     int exitCode;
     const char* error;  // How the message begins.
   };
+  const std::string endless(70'000, 'x');
   const Case cases[] = {
       {"foo", 2, "demo:1: unknown verb \"foo\"\n"},
+      {endless.c_str(), 2, "demo:1: longer than 65536 bytes\n"},
       {"# comment\n\nwait x\nlist-apps", 2, "demo:3: wait: seconds is not a number: \"x\"\n"},
       {"touch move 1 1\nlist-apps", 1, "demo:1: "},
       {"touch up 1 1", 1, "demo:1: "},

@@ -1,12 +1,17 @@
-#include <gtest/gtest.h>
+#include <sys/ptrace.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
-#include <fstream>
+#include <cmath>
+#include <csignal>
 
 #include "platform/uikit/ui_color_archive.h"
+#include "prefs/preference_files.h"
 #include "prefs/settings.h"
 #include "strips/card_dragger.h"
 #include "switcher/card_scroller.h"
 #include "switcher/shared_state.h"
+#include "tests/support/temporary_root.h"
 #include "tests/support/test_device.h"
 
 namespace vistrel::test {
@@ -75,6 +80,8 @@ TEST(Preferences, ValuesAreConvertedOrCountAsAbsent) {
   EXPECT_EQ(settings.visibleEdge, 20);
   EXPECT_FALSE(settings.dim);
   EXPECT_EQ(settings.swipeDirection, "Right");
+  for (double size : {1e7, -1e38, 1e300, std::nan("")}) device.changePreferences({{"iconSize", size}});
+  EXPECT_EQ(settings.iconSize, 0.5f) << "nor is what no geometry can be made of";
   device.changePreferences({{"visibleEdge", 5e9},
                             {"iconSize", "0.9"},
                             {"topColor", NSData{1, 2, 3}},
@@ -135,6 +142,46 @@ TEST(Preferences, AFileThatIsNoPropertyListCountsAsEmpty) {
   EXPECT_FALSE(settings.lsEnabled);
   EXPECT_EQ(settings.iconAnimation, "");
   EXPECT_EQ(settings.swipeDirection, "Right");
+}
+
+using WritingPreferences = TemporaryRoot;
+
+/// Writes the default preferences in a process of its own that is killed at its `calls`th system call, or at
+/// its end where it has fewer; true when it came to its end.
+bool writeDefaultsUntil(int calls) {
+  const pid_t writer = fork();
+  if (writer == 0) {
+    ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+    raise(SIGSTOP);
+    writePreferencesFile(defaultPreferences());
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(writer, &status, 0);
+  for (; calls > 0 && WIFSTOPPED(status); --calls) {
+    ptrace(PTRACE_SYSCALL, writer, nullptr, nullptr);
+    waitpid(writer, &status, 0);
+  }
+  if (WIFEXITED(status)) return true;
+  kill(writer, SIGKILL);
+  waitpid(writer, &status, 0);
+  return false;
+}
+
+TEST_F(WritingPreferences, KilledAtAnyMomentLeavesTheOldFileOrTheNewOneWhole) {
+  constexpr const char* folder = "/var/mobile/Library/Preferences";
+  const PropertyListDictionary old = {{"swipeDirection", "Left"}};
+  bool wasOld = false, isOver = false;
+  for (int calls = 1; !isOver; ++calls) {
+    writePreferencesFile(old);  // Clears away what the last one has left, too.
+    EXPECT_EQ(files().contentsOfDirectory(folder).size(), 1u) << calls;
+    isOver = writeDefaultsUntil(calls);
+    const auto found = readPreferencesFile();
+    wasOld = wasOld || found == old;
+    EXPECT_TRUE(found == old || found == defaultPreferences()) << calls;
+  }
+  EXPECT_TRUE(wasOld);
+  EXPECT_EQ(readPreferencesFile(), defaultPreferences());
 }
 
 }  // namespace

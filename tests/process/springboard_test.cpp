@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <algorithm>
@@ -108,6 +109,37 @@ TEST_F(Process, WithoutTheLibraryNothingOfTheSwitcherIsThere) {
   EXPECT_FALSE(result.log.end()[-2]["handled"]);
   EXPECT_FALSE(fs::exists(root() / "var/mobile/Library/Caches/VitsrelSB.png"));
   EXPECT_FALSE(fs::exists(root() / "var/mobile/Library/Preferences/com.zantric.vistrel.plist"));
+}
+
+TEST_F(Process, FilesThatAreNoneDoNotKeepItFromRunning) {
+  const fs::path preferences = "var/mobile/Library/Preferences";
+  const struct {
+    fs::path path;
+    int messages;
+  } cases[] = {{preferences, 1},
+               {preferences / "com.zantric.vistrel.plist", 0},
+               {preferences / "com.zantric.vistrel-apps.plist", 0},
+               {preferences / "com.apple.springboard.plist", 2},
+               {"var/mobile/Library/Caches/VitsrelSB.png", 0},
+               {"Library/Vistrel/VistrelGrab.png", 0},
+               {"Library/Wallpaper/Home@2x.png", 0},
+               {"Library/MobileSubstrate/DynamicLibraries/Vistrel.plist", 1},
+               {"Library/MobileSubstrate/DynamicLibraries/Vistrel.dylib", 1},
+               {"Applications/Camera.app/Info.plist", 1},
+               {"Applications/Mail.app/Icon@2x.png", 0},
+               {"Applications/Mail.app/Default@2x.png", 0}};
+  for (const auto& [path, messages] : cases) {
+    SCOPED_TRACE(path);
+    fs::remove_all(root() / "var/mobile");
+    fs::create_directories((root() / path).parent_path());
+    if (fs::exists(root() / path)) fs::rename(root() / path, root() / "aside");
+    ASSERT_EQ(mkfifo((root() / path).c_str(), 0600), 0);
+    const Result result = run("", pickSecondIcon);
+    EXPECT_EQ(result.exit, 0);
+    EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), messages) << result.errors;
+    fs::remove(root() / path);
+    if (fs::exists(root() / "aside")) fs::rename(root() / "aside", root() / path);
+  }
 }
 
 TEST_F(Process, SaysWhatIsWrongInOneLine) {

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace host {
+
+/// A message as one readable line, even where it quotes input that is neither: control characters are spelled
+/// out, and what is too long is cut.
+std::string readable(std::string_view message);
+
+}  // namespace host
