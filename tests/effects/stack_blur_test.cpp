@@ -3,48 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <limits>
 #include <random>
 #include <vector>
 
 #include "tests/support/pictures.h"
+#include "tests/support/stack_blur_definition.h"
 
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-__extension__ using Uint128 = unsigned __int128;
+using blur_definition::Bytes;
 
 constexpr std::uint32_t maxRadius = std::numeric_limits<std::uint32_t>::max();
-
-/// The weighted mean around one pixel; each edge pixel stands for all places from it on.
-std::uint8_t mean(const Bytes& line, std::int64_t at, std::int64_t radius) {
-  const auto weightFrom = [=](std::int64_t distance) {
-    const auto places = Uint128(std::max<std::int64_t>(radius + 1 - distance, 0));
-    return places * (places + 1) / 2;
-  };
-  const std::int64_t last = std::ssize(line) - 1;
-  if (last == 0) return line[0];
-  Uint128 sum = weightFrom(at) * line.front() + weightFrom(last - at) * line.back();
-  for (std::int64_t i = 1; i < last; ++i) {
-    sum += Uint128(std::max<std::int64_t>(radius + 1 - std::abs(at - i), 0)) * line[std::size_t(i)];
-  }
-  return std::uint8_t(sum / ((Uint128(radius) + 1) * (Uint128(radius) + 1)));
-}
-
-Bytes definedBlur(Bytes pixels, int width, int height, std::uint32_t radius) {
-  const auto blurLine = [&](std::size_t first, std::size_t step, int count) {
-    Bytes line;
-    for (int i = 0; i < count; ++i) line.push_back(pixels[first + std::size_t(i) * step]);
-    for (int i = 0; i < count; ++i) pixels[first + std::size_t(i) * step] = mean(line, i, radius);
-  };
-  const std::size_t row = std::size_t(width) * 4;
-  for (std::size_t channel = 0; channel < 3; ++channel) {
-    for (int y = 0; y < height; ++y) blurLine(std::size_t(y) * row + channel, 4, width);
-    for (int x = 0; x < width; ++x) blurLine(std::size_t(x) * 4 + channel, row, height);
-  }
-  return pixels;
-}
 
 TEST(StackBlur, IsItsDefinitionForAnySizeAndRadius) {
   std::mt19937 random(5);
@@ -56,7 +26,7 @@ TEST(StackBlur, IsItsDefinitionForAnySizeAndRadius) {
       Bytes pixels(std::size_t(width) * std::size_t(height) * 4);
       // Every other round of nothing but extremes, where means fall on whole numbers or just short of them.
       for (auto& byte : pixels) byte = round % 2 ? std::uint8_t(random()) : random() % 4 ? 255 : 0;
-      const Bytes expected = definedBlur(pixels, width, height, radius);
+      const Bytes expected = blur_definition::blurred(pixels, width, height, radius);
       vistrel::applyStackBlurToBuffer(pixels.data(), width, height, radius);
       ASSERT_EQ(pixels, expected) << width << " x " << height << ", radius " << radius;
     }
@@ -111,7 +81,7 @@ TEST(StackBlur, BlursPaddedRowsInTheirOwnLayoutAndLeavesTheSource) {
   EXPECT_EQ(blurred->size(), CGSizeMake(3, 2));
   EXPECT_EQ(blurred->orientation(), UIImageOrientation::Up);
   EXPECT_EQ(blurred->cgImage()->format(), cut->format());
-  EXPECT_EQ(CGDataProviderCopyData(blurred->cgImage()), definedBlur(packed, 3, 2, 2));
+  EXPECT_EQ(CGDataProviderCopyData(blurred->cgImage()), blur_definition::blurred(packed, 3, 2, 2));
   EXPECT_EQ(CGDataProviderCopyData(whole), bytes);
 }
 
@@ -121,7 +91,8 @@ TEST(StackBlur, NormalizesGreyPicturesToColourAtTheirSizeInPoints) {
   EXPECT_EQ(normalized->cgImage()->format().bitmapInfo, kCGImageAlphaPremultipliedLast);
   const Bytes colours{0, 0, 0, 255, 90, 90, 90, 255, 180, 180, 180, 255};
   EXPECT_EQ(CGDataProviderCopyData(normalized->cgImage()), colours);
-  EXPECT_EQ(CGDataProviderCopyData(vistrel::stackBlur(image, 1)->cgImage()), definedBlur(colours, 3, 1, 1));
+  EXPECT_EQ(CGDataProviderCopyData(vistrel::stackBlur(image, 1)->cgImage()),
+            blur_definition::blurred(colours, 3, 1, 1));
 
   const auto large =
       UIImage::imageWithCGImage(pictureOf(7, 5, grayFormat, Bytes(35, 8)), 2, UIImageOrientation::Up);

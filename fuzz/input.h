@@ -1,0 +1,31 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <span>
+
+namespace fuzz {
+
+/// An input as a row of values; any number of bytes gives any number of them, zeros beyond the end.
+class Input {
+ public:
+  Input(const std::uint8_t* bytes, std::size_t size) : rest_(bytes, size) {}
+
+  template <class Number>
+  Number take() {
+    Number value = 0;
+    const std::size_t count = std::min(sizeof(value), rest_.size());
+    if (count > 0) std::memcpy(&value, rest_.data(), count);
+    rest_ = rest_.subspan(count);
+    return value;
+  }
+  /// From `least` to `most`.
+  int takeFrom(int least, int most) { return least + take<std::uint16_t>() % (most - least + 1); }
+  std::span<const std::uint8_t> rest() const { return rest_; }
+
+ private:
+  std::span<const std::uint8_t> rest_;
+};
+
+}  // namespace fuzz
