@@ -37,9 +37,13 @@ export class DevicePage {
     return result;
   }
 
+  /** Fingers that are down are gone then. */
   async reload() {
     await this.page.reload();
     await this.#connected();
+    if (this.#fingers.size === 0) return;
+    this.#fingers.clear();
+    await this.#protocol.send('Input.dispatchTouchEvent', { type: 'touchCancel', touchPoints: [] });
   }
 
   async #connected() {
@@ -137,10 +141,12 @@ class Finger {
   }
 
   async move(x, y) {
-    const [fromX, fromY] = this.#at;
+    const [from, to] = [await this.devicePage.place(...this.#at), await this.devicePage.place(x, y)];
+    this.#at = [x, y];
     for (let step = 1; step <= movesOnTheWay; ++step) {
       const share = step / movesOnTheWay;
-      await this.#touch('touchMove', fromX + (x - fromX) * share, fromY + (y - fromY) * share);
+      const place = { x: from.x + (to.x - from.x) * share, y: from.y + (to.y - from.y) * share };
+      await this.devicePage.touch('touchMove', this, place);
     }
   }
 

@@ -31,11 +31,16 @@ export function useRig(...options) {
 export class Rig {
   #closings = []; // What is to be done in the end, the last first.
 
-  async start(options = [], window = {}) {
+  /** The device and the browser alone, for those who bring their own pages. */
+  async startEmpty(options = []) {
     this.springboard = await Springboard.start(...options);
     this.#closings.push(() => this.springboard.stop());
     this.browser = await chromium.launch({ executablePath, args });
     this.#closings.push(() => this.browser.close());
+  }
+
+  async start(options = [], window = {}) {
+    await this.startEmpty(options);
     this.client = await this.connect();
     this.device = await this.openPage(window);
     this.page = this.device.page;

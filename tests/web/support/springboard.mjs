@@ -11,8 +11,8 @@ import { createInterface } from 'node:readline';
 const patience = 10_000; // Milliseconds.
 
 export class Springboard {
+  messages = []; // The lines that it has written to standard error.
   #process;
-  #ended;
   #root;
   #cleanUp = () => {
     this.#process?.kill('SIGKILL');
@@ -34,13 +34,22 @@ export class Springboard {
     const state = join(staged, 'var/mobile');
     cpSync(staged, this.#root, { recursive: true, filter: (path) => path !== state });
     this.#process = spawn(program, ['--serve', '0', '--root', this.#root, ...options],
-      { stdio: ['ignore', 'pipe', 'inherit'] });
-    this.#ended = once(this.#process, 'exit');
+      { stdio: ['ignore', 'pipe', 'pipe'] });
+    /** Its exit code and signal, when it has ended. */
+    this.ended = once(this.#process, 'exit');
+    createInterface(this.#process.stderr).on('line', (line) => {
+      this.messages.push(line);
+      console.error(line);
+    });
     for await (const line of createInterface(this.#process.stdout)) {
       [this.address] = line.match(/http:\S+/);
       return;
     }
     throw new Error('The springboard said no address');
+  }
+
+  get pid() {
+    return this.#process.pid;
   }
 
   settingsFile(domain) {
@@ -51,7 +60,7 @@ export class Springboard {
   async stop() {
     this.#process.kill('SIGTERM');
     setTimeout(() => this.#process.kill('SIGKILL'), patience).unref();
-    assert.deepEqual(await this.#ended, [0, null], 'the springboard’s exit code and signal');
+    assert.deepEqual(await this.ended, [0, null], 'the springboard’s exit code and signal');
     process.off('exit', this.#cleanUp);
     this.#cleanUp();
   }
