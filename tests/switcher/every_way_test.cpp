@@ -30,6 +30,7 @@ Rest lookAt() {
 struct Way {
   const char* device;
   bool locked;
+  bool everyStyle = false;  ///< On one device; the others differ in their screens alone, and are slower.
 };
 
 std::ostream& operator<<(std::ostream& out, const Way& way) {
@@ -71,9 +72,10 @@ TEST_P(EveryWay, OpensAndClosesWithoutATrace) {
   if (!GetParam().locked) {
     for (const std::string& bundle : testBundles) device.launch(bundle);
   }
-  const std::pair<const char*, const char*> styles[] = {{"Push", "Side"}, {"Flat", "Side"},  {"Flat", "Up"},
-                                                        {"Flat", "Down"}, {"Flat", "Split"}, {"Flat", "?"},
-                                                        {"?", "?"}};
+  std::vector<std::pair<const char*, const char*>> styles = {{"Push", "Side"}, {"Flat", "Split"}};
+  if (GetParam().everyStyle)
+    styles.insert(styles.end(),
+                  {{"Flat", "Side"}, {"Flat", "Up"}, {"Flat", "Down"}, {"Flat", "?"}, {"?", "?"}});
   for (const char* edge : {"Right", "Left"}) {
     for (const auto& [style, flatStyle] : styles) {
       for (const char* background : {"Linen", "Color"}) {
@@ -91,7 +93,7 @@ TEST_P(EveryWay, OpensAndClosesWithoutATrace) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Devices, EveryWay,
-                         testing::Values(Way{"iphone-3gs", false}, Way{"iphone-4", false},
+                         testing::Values(Way{"iphone-3gs", false, true}, Way{"iphone-4", false},
                                          Way{"iphone-5", true}, Way{"ipad", false}, Way{"iphone-4", true}));
 
 TEST(Endurance, AThousandOpeningsLeaveMemoryWhereItBegan) {

@@ -1,0 +1,174 @@
+#include "monkey/invariants.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "monkey/broken.h"
+#include "platform/quartzcore/ca_gradient_layer.h"
+#include "platform/quartzcore/screen_changes.h"
+#include "platform/uikit/ui_application.h"
+#include "platform/uikit/ui_device.h"
+#include "switcher/layout.h"
+#include "switcher/shared_state.h"
+#include "tests/support/geometry.h"
+
+namespace monkey {
+namespace {
+
+using namespace vistrel;
+using test::isFinite;
+using test::liesAt;
+
+constexpr std::size_t mostWindows = 64;  // A screen has far fewer windows, and
+constexpr int mostViews = 2000;          // far fewer views; without a bound some pile up.
+
+void require(bool holds, const char* statement) {
+  if (!holds) throw Broken(statement);
+}
+
+void requireFinite(const CALayerGeometry& geometry) {
+  require(isFinite(geometry.bounds) && isFinite(CALayer::frameOf(geometry)) && geometry.opacity >= 0 &&
+              geometry.opacity <= 1,
+          "every frame is finite and every opacity from 0 to 1");
+}
+
+/// How many layers there are, `layer` included.
+int checkTree(const CALayer& layer) {
+  requireFinite(layer.model());
+  requireFinite(layer.presentationAt(RunLoop::main().now()));
+  int count = 1;
+  for (const auto& sublayer : layer.sublayers()) {
+    require(sublayer->superlayer() == &layer, "a sublayer knows its superlayer");
+    count += checkTree(*sublayer);
+  }
+  return count;
+}
+
+std::ptrdiff_t gradientsIn(const CALayer& layer) {
+  return std::ranges::count_if(layer.sublayers(), [](const auto& sublayer) {
+    return dynamic_cast<const CAGradientLayer*>(sublayer.get()) != nullptr;
+  });
+}
+
+template <class Item>
+bool areSubviewsOf(const UIView& view, const std::vector<std::shared_ptr<Item>>& items) {
+  return std::ranges::equal(view.subviews(), items);
+}
+
+bool isUpright() {
+  return UIInterfaceOrientationIsPortrait(UIApplication::sharedApplication().statusBarOrientation());
+}
+
+}  // namespace
+
+Invariants::Invariants(const host::SpringBoard& springBoard)
+    : springBoard_(springBoard),
+      window_(switcherWindow),
+      iconStrip_(iconStrip),
+      nameStrip_(nameStrip),
+      frame_(window_ ? window_->frame() : CGRect()) {}
+
+void Invariants::check(const std::string& line) {
+  verb_ = line.substr(0, line.find(' '));
+  checkReferences();
+  if (window_) checkSwitcher();
+  checkScreen();
+  checkRest();
+}
+
+void Invariants::checkSwitcher() {
+  if (switcherOpen) {
+    checkOpen();
+  } else {
+    checkClosed();
+  }
+  require(gradientsIn(window_->layer()) <= 1, "there is at most one gradient");
+  checkPlace();
+  checkVisibility();
+  checkStrips();
+  wasOpen_ = switcherOpen;
+  frame_ = window_->frame();
+}
+
+void Invariants::checkReferences() const {
+  require(window_ && iconStrip_, "the boot makes the window and the icon strip");
+  require(switcherWindow == window_ && iconStrip == iconStrip_ && nameStrip == nameStrip_,
+          "the window and its strips stay the ones of the boot");
+  require(iconStrip_->superview() == window_ && (!nameStrip_ || nameStrip_->superview() == window_),
+          "the strips stay in the window");
+}
+
+void Invariants::checkClosed() const {
+  const std::size_t strips = nameStrip_ ? 2 : 1;
+  require(window_->subviews().size() == strips, "a closed switcher has just its strips as subviews");
+  require(window_->layer().sublayers().size() == strips, "a closed switcher has no layers of its own");
+  require(!window_->topBand() && !window_->bottomBand() && !window_->middleBand() &&
+              !window_->homeScreenTop() && !window_->homeScreenBottom(),
+          "a closed switcher has no bands");
+  require(!finishedOpenAnimation, "a closed switcher has not finished opening");
+}
+
+void Invariants::checkOpen() const {
+  require(window_->topBand() && window_->bottomBand(), "an open switcher has an upper and a lower band");
+}
+
+/// The window lies over the whole screen when it has opened. Closed, and in a device held upright, wherever
+/// it has been moved to is its resting place: settings may have changed that without anybody moving it yet.
+void Invariants::checkPlace() {
+  if (!isUpright()) return;
+  const bool hasMoved = !(window_->frame() == frame_);
+  if (switcherOpen && !wasOpen_)
+    require(liesAt(*window_, screenBounds), "an open switcher covers the screen");
+  if (switcherOpen && wasOpen_ && hasMoved)
+    require(liesAt(*window_, restingWindowFrame()) || liesAt(*window_, screenBounds),
+            "an open switcher moves to its resting place at most");
+  if (!switcherOpen && (wasOpen_ || hasMoved))
+    require(liesAt(*window_, restingWindowFrame()), "a closed switcher lies at its resting place");
+}
+
+void Invariants::checkVisibility() {
+  switch (UIDevice::currentDevice().orientation()) {
+    case UIDeviceOrientation::LandscapeLeft:
+    case UIDeviceOrientation::LandscapeRight:
+      isHeldAside_ = true;
+      break;
+    case UIDeviceOrientation::Portrait:
+    case UIDeviceOrientation::PortraitUpsideDown:
+      isHeldAside_ = false;
+      break;
+    default:
+      break;
+  }
+  const bool isVisible = window_->alpha() == 1;
+  require(isVisible || window_->alpha() == 0, "the window is visible or it is not");
+  if (!hiddenForApp || !isVisible) wasTouchedBack_ = false;
+  if (hiddenForApp && isVisible && verb_ == "touch") wasTouchedBack_ = true;
+  if (hiddenForApp) require(!isVisible || wasTouchedBack_, "hidden for an application means invisible");
+  if (!hiddenForApp && !isHeldAside_) require(isVisible, "nothing to hide from means visible");
+}
+
+void Invariants::checkStrips() const {
+  require(iconStrip_->icons().size() == window_->appCount(),
+          "there is an icon for each application on offer");
+  require(areSubviewsOf(*iconStrip_, iconStrip_->icons()), "icons alone lie in their strip");
+  if (!nameStrip_) return;
+  require(nameStrip_->names().size() == window_->appCount(), "there is a name for each application on offer");
+  require(areSubviewsOf(*nameStrip_, nameStrip_->names()), "names alone lie in their strip");
+}
+
+void Invariants::checkScreen() const {
+  const auto& windows = UIWindow::allWindows();
+  require(windows.size() <= mostWindows, "windows do not pile up");
+  int views = 0;
+  for (const UIWindow* window : windows) views += checkTree(window->layer());
+  require(views <= mostViews, "views do not pile up");
+}
+
+/// What is under way ends: nothing outlives the work that would end it.
+void Invariants::checkRest() const {
+  const bool nothingIsDue = RunLoop::main().idle();
+  require(!nothingIsDue || !anyAnimationRuns(), "an animation that runs will be ended");
+  require(!nothingIsDue || !springBoard_.busy(), "a request that is under way will be met");
+}
+
+}  // namespace monkey
