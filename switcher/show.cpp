@@ -48,8 +48,9 @@ void CardScroller::showAtPoint(float point) {
   routeTouches();
   setFrame(screenBounds);
 
+  // A dismissal that has nothing to animate is over at once, and the opening that it cuts short after it.
   animateWithDuration(
-      showDuration, [&] { openBands(point); }, [] { finishedOpenAnimation = true; });
+      showDuration, [&] { openBands(point); }, [] { finishedOpenAnimation = switcherOpen; });
 }
 
 void CardScroller::addBackdrop(float point) {

@@ -210,6 +210,15 @@ TEST(Dismissal, ParksOnceHoweverOftenItIsAskedFor) {
   EXPECT_FALSE(switcherOpen || finishedOpenAnimation);
 }
 
+TEST(Dismissal, ThatIsOverAtOnceEndsTheOpeningToo) {
+  TestDevice device({.preferences = {{"animationStyle", "Push"}}});
+  device.receive();
+  device.changePreferences({{"animationStyle", "?"}});
+  device.abort();
+  device.pump(1);
+  EXPECT_FALSE(switcherOpen || finishedOpenAnimation);
+}
+
 TEST(Dismissal, ToTheHomeScreenFliesTheBandsApart) {
   TestDevice device({.preferences = {{"animationStyle", "Flat"},
                                      {"flatAnimationStyle", "Down"},
