@@ -8,6 +8,7 @@
 #include "platform/quartzcore/screen_changes.h"
 #include "platform/uikit/ui_application.h"
 #include "platform/uikit/ui_device.h"
+#include "prefs/settings.h"
 #include "switcher/layout.h"
 #include "switcher/shared_state.h"
 #include "tests/support/geometry.h"
@@ -98,7 +99,7 @@ void Invariants::checkReferences() const {
           "the strips stay in the window");
 }
 
-void Invariants::checkClosed() const {
+void Invariants::checkClosed() {
   const std::size_t strips = nameStrip_ ? 2 : 1;
   require(window_->subviews().size() == strips, "a closed switcher has just its strips as subviews");
   require(window_->layer().sublayers().size() == strips, "a closed switcher has no layers of its own");
@@ -106,6 +107,8 @@ void Invariants::checkClosed() const {
               !window_->homeScreenTop() && !window_->homeScreenBottom(),
           "a closed switcher has no bands");
   require(!finishedOpenAnimation, "a closed switcher has not finished opening");
+  wasDeclined_ = iconPickMode && (wasDeclined_ || (springBoard_.locked() && !settings.lsEnabled));
+  require(!iconPickMode || wasDeclined_, "a closed switcher waits for no pick, unless it was not let open");
 }
 
 void Invariants::checkOpen() const {

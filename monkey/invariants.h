@@ -23,7 +23,7 @@ class Invariants {
  private:
   void checkSwitcher();
   void checkReferences() const;
-  void checkClosed() const;
+  void checkClosed();
   void checkOpen() const;
   void checkPlace();
   void checkVisibility();
@@ -42,6 +42,7 @@ class Invariants {
   CGRect frame_;                 // The window's, an event ago.
   bool wasOpen_ = false;         // An event ago.
   bool isHeldAside_ = false;     // The way the device was last held that is not flat was landscape.
+  bool wasDeclined_ = false;     // The switcher was to open for a pick where the user does not want it.
   bool wasTouchedBack_ = false;  // While hidden for an application, a finger has brought the window back.
 };
 
