@@ -9,13 +9,20 @@ namespace host {
 namespace {
 
 constexpr const char* applicationsFolder = "/Applications";
+constexpr int mostApplications = 500;
 
 }  // namespace
 
 AppCatalogue::AppCatalogue(const DeviceModel& model, std::vector<std::string>& warnings) {
   const CGFloat iconPoints = homeLayout(model).iconSize;
+  int count = 0;
   for (const std::string& name : NSFileManager::defaultManager().contentsOfDirectory(applicationsFolder)) {
     if (!name.ends_with(".app")) continue;
+    if (++count > mostApplications) {
+      warnings.push_back(std::string(applicationsFolder) + ": more than " + std::to_string(mostApplications) +
+                         " applications; from " + name + " on they are left out");
+      break;
+    }
     const std::string folder = std::string(applicationsFolder) + "/" + name;
     try {
       ApplicationBundle bundle(folder, model);

@@ -1,5 +1,7 @@
 #include "host/application_bundle.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cctype>
 #include <cmath>
@@ -17,10 +19,11 @@
 namespace host {
 namespace {
 
+constexpr std::size_t longestName = 255;  // Bytes, of identifiers too.
+
 constexpr const char* defaultIcon = "Icon";
 constexpr const char* pictureEnding = ".png";
-constexpr std::size_t mostIconFiles = 20;  // Of those listed; each may have to be decoded to be compared.
-constexpr int largestIcon = 1024;          // Pixels a side.
+constexpr std::size_t mostIconFiles = 20;  // Each may have to be decoded to be compared.
 
 constexpr std::pair<const char*, UIInterfaceOrientation> orientationNames[] = {
     {"UIInterfaceOrientationPortrait", UIInterfaceOrientation::Portrait},
@@ -34,6 +37,11 @@ std::string stringValue(const PropertyListDictionary& info, const char* key) {
   const PropertyList* value = find(info, key);
   const auto* text = value ? value->as<std::string>() : nullptr;
   return text ? *text : "";
+}
+
+/// Whoever asks is told all identifiers and names at once.
+void requireShort(const std::string& text, const char* what) {
+  if (text.size() > longestName) throw Failure(fmt::format("{} is longer than {} bytes", what, longestName));
 }
 
 /// The strings of an array; what is no string is left out.
@@ -67,6 +75,18 @@ std::vector<std::string> iconCandidates(const std::string& listed) {
   return {stem + pictureEnding, stem + "@2x" + pictureEnding};
 }
 
+/// The files of all the listed ones, each once.
+std::vector<std::string> iconFiles(const std::vector<std::string>& listed) {
+  std::vector<std::string> files;
+  for (const std::string& name : listed) {
+    for (const std::string& file : iconCandidates(name)) {
+      if (files.size() == mostIconFiles) return files;
+      if (std::ranges::find(files, file) == files.end()) files.push_back(file);
+    }
+  }
+  return files;
+}
+
 /// Exact beats larger, larger beats smaller, nearer beats farther.
 bool isFitter(int width, int than, int wanted) {
   const bool largeEnough = width >= wanted, otherLargeEnough = than >= wanted;
@@ -81,32 +101,31 @@ ApplicationBundle::ApplicationBundle(std::string folder, const DeviceModel& mode
   if (!info) throw Failure("not a readable property list");
   identifier_ = stringValue(*info, "CFBundleIdentifier");
   if (identifier_.empty()) throw Failure("no CFBundleIdentifier");
+  requireShort(identifier_, "CFBundleIdentifier");
 
   name_ = stringValue(*info, "CFBundleDisplayName");
   if (name_.empty()) name_ = stringValue(*info, "CFBundleName");
   if (name_.empty()) name_ = std::filesystem::path(folder_).stem().string();
+  requireShort(name_, "the name");
   // A name is one line, wherever it is shown or listed.
   std::ranges::replace_if(
       name_, [](unsigned char character) { return std::iscntrl(character) != 0; }, ' ');
 
-  iconFiles_ = stringValues(*info, "CFBundleIconFiles");
+  std::vector<std::string> icons = stringValues(*info, "CFBundleIconFiles");
   if (const std::string single = stringValue(*info, "CFBundleIconFile"); !single.empty())
-    iconFiles_.push_back(single);
-  if (iconFiles_.empty()) iconFiles_.push_back(defaultIcon);
-  iconFiles_.resize(std::min(iconFiles_.size(), mostIconFiles));
+    icons.push_back(single);
+  if (icons.empty()) icons.push_back(defaultIcon);
+  iconFiles_ = iconFiles(icons);
   orientations_ = orientationValues(*info, model);
 }
 
 std::shared_ptr<UIImage> ApplicationBundle::loadIcon(CGFloat points) const {
   const int wanted = static_cast<int>(std::lround(points * model_.scale));
   CGImageRef best;
-  for (const std::string& listed : iconFiles_) {
-    for (const std::string& file : iconCandidates(listed)) {
-      const auto data = NSFileManager::defaultManager().contents(folder_ + "/" + file);
-      CGImageRef picture = data ? decodeImage(*data) : nullptr;
-      const bool isIcon = picture && std::max(picture->width(), picture->height()) <= largestIcon;
-      if (isIcon && (!best || isFitter(picture->width(), best->width(), wanted))) best = picture;
-    }
+  for (const std::string& file : iconFiles_) {
+    const auto data = NSFileManager::defaultManager().contents(folder_ + "/" + file);
+    const CGImageRef icon = data ? decodeImage(*data, nullptr, largestIcon) : nullptr;
+    if (icon && (!best || isFitter(icon->width(), best->width(), wanted))) best = icon;
   }
   if (!best) return placeholderIcon(name_, points, model_.scale);
   return UIImage::imageWithCGImage(best, static_cast<CGFloat>(best->width()) / points,

@@ -12,8 +12,6 @@
 namespace vistrel {
 namespace {
 
-constexpr const char* preferencesPath = "/var/mobile/Library/Preferences/com.zantric.vistrel.plist";
-constexpr const char* appsPath = "/var/mobile/Library/Preferences/com.zantric.vistrel-apps.plist";
 constexpr std::string_view appKeyPrefix = "ALValue-";
 constexpr const char* favouriteKeys[] = {"fav1", "fav2", "fav3", "fav4", "fav5"};
 

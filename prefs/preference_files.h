@@ -6,6 +6,11 @@
 
 namespace vistrel {
 
+// On the device.
+inline constexpr const char* preferencesPath = "/var/mobile/Library/Preferences/com.zantric.vistrel.plist";
+/// The apps file: in front of which applications the switcher hides.
+inline constexpr const char* appsPath = "/var/mobile/Library/Preferences/com.zantric.vistrel-apps.plist";
+
 /// The preferences file's dictionary: nothing when there is no file, an empty one when it cannot be read.
 std::optional<PropertyListDictionary> readPreferencesFile();
 

@@ -3,13 +3,22 @@
 #include "platform/coregraphics/exif_orientation.h"
 #include "platform/coregraphics/image_decoders.h"
 
-CGImageRef decodeImage(const NSData& data, int* exifOrientation) {
+namespace {
+
+/// Bytes. A screen's picture that does not compress at all has half of them.
+constexpr std::size_t largestCompressed = 32 << 20;
+
+}  // namespace
+
+CGImageRef decodeImage(const NSData& data, int* exifOrientation, std::uint32_t largestSide) {
   int orientation = exifOrientationUp;
   CGImageRef image;
-  if (isPng(data)) {
-    image = decodePng(data);
+  if (data.size() > largestCompressed) {
+    // No picture.
+  } else if (isPng(data)) {
+    image = decodePng(data, largestSide);
   } else if (isJpeg(data)) {
-    image = decodeJpeg(data, orientation);
+    image = decodeJpeg(data, orientation, largestSide);
   }
   if (exifOrientation) *exifOrientation = image ? orientation : exifOrientationUp;
   return image;

@@ -23,6 +23,8 @@ constexpr unsigned maxMarkerLength = 0xFFFF;
 /// Real progressive pictures have about ten; a small file of thousands would keep the decoder busy for
 /// minutes.
 constexpr int maxScans = 100;
+constexpr std::int64_t maxScannedPixels = 512ll
+                                          << 20;  // Of all scans; every one goes over the whole picture.
 constexpr int cmykComponents = 4;
 constexpr int maxComponent = 255;
 constexpr std::size_t outputChunk = 16384;
@@ -60,7 +62,9 @@ class Decompressor {
     created_ = error_.jump.guard([this] { jpeg_create_decompress(&codec_); });
     progress_.progress_monitor = [](j_common_ptr codec) {
       const auto* decoder = reinterpret_cast<j_decompress_ptr>(codec);
-      if (decoder->input_scan_number > maxScans) codec->err->error_exit(codec);
+      const int scans = decoder->input_scan_number;
+      const std::int64_t pixels = std::int64_t{decoder->image_width} * decoder->image_height;
+      if (scans > maxScans || scans * pixels > maxScannedPixels) codec->err->error_exit(codec);
     };
     codec_.progress = &progress_;
   }
@@ -215,10 +219,10 @@ bool isJpeg(const NSData& data) {
          std::equal(jpegSignature.begin(), jpegSignature.end(), data.begin());
 }
 
-CGImageRef decodeJpeg(const NSData& data, int& orientation) {
+CGImageRef decodeJpeg(const NSData& data, int& orientation, std::uint32_t largestSide) {
   Decompressor decompressor;
   if (!decompressor.readHeader(data)) return nullptr;
-  if (!isAcceptablePictureSize(decompressor.width(), decompressor.height())) return nullptr;
+  if (!isAcceptablePictureSize(decompressor.width(), decompressor.height(), largestSide)) return nullptr;
 
   orientation = decompressor.orientation();
   CGPixelFormat format{8, 32, CGColorSpace::DeviceRGB, kCGImageAlphaNoneSkipFirstLittle};

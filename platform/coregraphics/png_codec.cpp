@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 #include "platform/coregraphics/error_jump.h"
 #include "platform/coregraphics/image_codec.h"
@@ -13,6 +14,12 @@
 namespace {
 
 constexpr std::size_t signatureLength = 8;
+constexpr std::size_t chunkLengthBytes = 4, chunkTypeBytes = 4, checksumBytes = 4;
+constexpr std::size_t chunkFrame = chunkLengthBytes + chunkTypeBytes + checksumBytes;  // Around its data.
+constexpr std::string_view endChunk = "IEND";
+/// Bytes of file. The library unpacks whatever follows the pixels, a thousandfold, to find its end; an
+/// ordinary file has a handful.
+constexpr std::size_t mostAfterPixels = 16 << 10;
 constexpr int screenPixelBytes = 4;
 constexpr int alphaByte = 3;
 constexpr int maxComponent = 255;
@@ -23,6 +30,17 @@ constexpr int componentBits = 8;
 }
 
 void ignoreWarning(png_structp, png_const_charp) {}
+
+/// Whether the file goes on to its end chunk: one that breaks off after its last row is broken all the same.
+bool isWhole(const NSData& file) {
+  for (std::size_t at = signatureLength; at + chunkFrame <= file.size();) {
+    const std::size_t length = png_get_uint_32(file.data() + at);
+    if (length > file.size() - at - chunkFrame) return false;
+    if (std::memcmp(file.data() + at + chunkLengthBytes, endChunk.data(), chunkTypeBytes) == 0) return true;
+    at += chunkFrame + length;
+  }
+  return false;
+}
 
 std::uint8_t premultiplied(int component, int alpha) {
   return std::uint8_t((component * alpha + maxComponent / 2) / maxComponent);
@@ -98,8 +116,6 @@ class Reader {
         for (std::uint32_t y = 0; y < height_; ++y)
           png_read_row(png_, pixels + std::size_t{y} * bytesPerRow, nullptr);
       }
-      // A file that breaks off after its last row is broken all the same.
-      png_read_end(png_, nullptr);
     });
   }
 
@@ -107,13 +123,22 @@ class Reader {
   static void takeBytes(png_structp png, png_bytep to, std::size_t count) {
     auto& reader = *static_cast<Reader*>(png_get_io_ptr(png));
     if (count > reader.restSize_) reader.error_.fail();
+    if (reader.isPastPixels()) reader.afterPixels_ += count;
+    if (reader.afterPixels_ > mostAfterPixels) reader.error_.fail();
     std::memcpy(to, reader.rest_, count);
     reader.rest_ += count;
     reader.restSize_ -= count;
   }
 
+  /// Whether the last row of the last pass is behind the library, which it counts further then.
+  bool isPastPixels() const {
+    return height_ > 0 && (png_get_current_row_number(png_) >= height_ ||
+                           png_get_current_pass_number(png_) >= PNG_INTERLACE_ADAM7_PASSES);
+  }
+
   const std::uint8_t* rest_;  // Of the caller's data.
   std::size_t restSize_;
+  std::size_t afterPixels_ = 0;  // Bytes taken.
   ErrorJump error_;
   png_structp png_;
   png_infop info_;
@@ -178,9 +203,10 @@ bool isPng(const NSData& data) {
   return data.size() >= signatureLength && png_sig_cmp(data.data(), 0, signatureLength) == 0;
 }
 
-CGImageRef decodePng(const NSData& data) {
+CGImageRef decodePng(const NSData& data, std::uint32_t largestSide) {
   Reader reader(data);
-  if (!reader.readHeader() || !isAcceptablePictureSize(reader.width(), reader.height())) return nullptr;
+  if (!isWhole(data) || !reader.readHeader()) return nullptr;
+  if (!isAcceptablePictureSize(reader.width(), reader.height(), largestSide)) return nullptr;
 
   CGPixelFormat format;
   if (reader.isGray()) {

@@ -48,3 +48,9 @@ void cancelPreviousPerformRequests(const NSObject& target, std::string_view sele
     cancelled.splice(cancelled.end(), pending, current);
   }
 }
+
+std::vector<id> pendingPerformTargets() {
+  std::vector<id> targets;
+  for (const PendingPerform& perform : pendingPerforms()) targets.push_back(perform.target);
+  return targets;
+}

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "platform/foundation/run_loop.h"
 #include "platform/runtime/ns_object.h"
@@ -13,3 +14,6 @@ void performSelector(const id& target, std::string_view selector, const id& obje
 /// `cancelPreviousPerformRequestsWithTarget:selector:object:`: forgets the pending performs of that selector
 /// on that target whose object is equal to `object`; null is equal to null alone.
 void cancelPreviousPerformRequests(const NSObject& target, std::string_view selector, const id& object);
+
+/// The targets of all performs that are pending, in order of scheduling.
+std::vector<id> pendingPerformTargets();

@@ -1,13 +1,14 @@
 #include "platform/foundation/file_manager.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <system_error>
+
+#include "platform/foundation/descriptor.h"
 
 namespace fs = std::filesystem;
 
@@ -18,54 +19,9 @@ constexpr std::string_view var = "/var";
 constexpr mode_t fileMode = 0644;
 constexpr off_t largestFile = 64 << 20;  // Bytes; no file of the device comes near it.
 constexpr std::string_view temporaryPrefix = ".write-";
-constexpr std::string_view temporarySuffix = "XXXXXX";           // Which mkostemp() replaces.
-constexpr int openSafely = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;  // Not waiting for a pipe's other end.
-
-/// An open file descriptor, closed at the end of its scope.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() {
-    if (isOpen()) ::close(number_);
-  }
-
-  bool isOpen() const { return number_ >= 0; }
-  int number() const { return number_; }
-  bool sync() const { return ::fsync(number_) == 0; }
-  bool lock() const { return ::flock(number_, LOCK_EX | LOCK_NB) == 0; }
-
-  /// The bytes of a regular file, as many as it has now; nothing for anything else.
-  std::optional<NSData> read() const {
-    struct stat status {};
-    if (!isOpen() || ::fstat(number_, &status) != 0 || !S_ISREG(status.st_mode) ||
-        status.st_size > largestFile)
-      return std::nullopt;
-    NSData data(static_cast<std::size_t>(status.st_size));
-    for (std::size_t taken = 0; taken < data.size();) {
-      const ssize_t count = ::read(number_, data.data() + taken, data.size() - taken);
-      if (count < 0 && errno == EINTR) continue;
-      if (count < 0) return std::nullopt;
-      if (count == 0) data.resize(taken);  // It has been cut meanwhile.
-      taken += static_cast<std::size_t>(count);
-    }
-    return data;
-  }
-
-  bool write(const NSData& data) const {
-    for (std::size_t written = 0; written < data.size();) {
-      const ssize_t count = ::write(number_, data.data() + written, data.size() - written);
-      if (count < 0 && errno == EINTR) continue;
-      if (count <= 0) return false;
-      written += static_cast<std::size_t>(count);
-    }
-    return true;
-  }
-
- private:
-  int number_;
-};
+constexpr std::string_view temporarySuffix = "XXXXXX";              // Which mkostemp() replaces.
+constexpr int mostTemporaries = 10;                                 // Of one write; a second one is rare.
+constexpr int safeOpenFlags = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;  // Not waiting for a pipe's other end.
 
 /// The one spelling of a device path: no "." and "..", no doubled or trailing slash, /var for /private/var.
 std::string standardizedPath(std::string_view devicePath) {
@@ -93,7 +49,7 @@ bool hasDanglingLink(fs::path path, const fs::path& folder) {
 }
 
 bool writePlain(const fs::path& path, const NSData& data) {
-  const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | openSafely, fileMode));
+  const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | safeOpenFlags, fileMode));
   return file.isOpen() && file.write(data);
 }
 
@@ -102,17 +58,20 @@ void removeAbandoned(const fs::path& folder) {
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     if (!entry->path().filename().string().starts_with(temporaryPrefix)) continue;
-    const Descriptor file(::open(entry->path().c_str(), O_RDONLY | openSafely));
+    const Descriptor file(::open(entry->path().c_str(), O_RDONLY | safeOpenFlags));
     if (file.isOpen() && file.lock()) ::unlink(entry->path().c_str());
   }
 }
 
-bool writeAtomically(const fs::path& path, const NSData& data) {
-  removeAbandoned(path.parent_path());
-  std::string temporary = (path.parent_path() / temporaryPrefix).concat(temporarySuffix).string();
-  const Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
-  if (!file.isOpen()) return false;
-  file.lock();  // From here on no other process takes it for abandoned.
+/// Holds a new temporary file, so that no other process takes it for abandoned; false when one has done so
+/// already. Where files cannot be locked none is ever taken.
+bool hold(const Descriptor& file, const fs::path& temporary) {
+  const bool isTaken = !file.lock() && errno == EWOULDBLOCK;
+  return !isTaken && file.isAt(temporary);
+}
+
+/// Writes the temporary file and gives it the name `path`; removes it where that fails.
+bool replace(const fs::path& path, const Descriptor& file, const fs::path& temporary, const NSData& data) {
   const bool replaced = file.write(data) && ::fchmod(file.number(), fileMode) == 0 && file.sync() &&
                         ::rename(temporary.c_str(), path.c_str()) == 0;
   if (!replaced) {
@@ -123,6 +82,17 @@ bool writeAtomically(const fs::path& path, const NSData& data) {
   const Descriptor folder(::open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (folder.isOpen()) folder.sync();
   return true;
+}
+
+bool writeAtomically(const fs::path& path, const NSData& data) {
+  removeAbandoned(path.parent_path());
+  for (int count = 0; count < mostTemporaries; ++count) {
+    std::string temporary = (path.parent_path() / temporaryPrefix).concat(temporarySuffix).string();
+    const Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
+    if (!file.isOpen()) return false;
+    if (hold(file, temporary)) return replace(path, file, temporary, data);
+  }
+  return false;
 }
 
 }  // namespace
@@ -170,7 +140,7 @@ std::vector<std::string> NSFileManager::contentsOfDirectory(std::string_view dev
 
 std::optional<NSData> NSFileManager::contents(std::string_view devicePath) const {
   const auto path = resolve(devicePath);
-  return path ? Descriptor(::open(path->c_str(), O_RDONLY | openSafely)).read() : std::nullopt;
+  return path ? Descriptor(::open(path->c_str(), O_RDONLY | safeOpenFlags)).read(largestFile) : std::nullopt;
 }
 
 bool NSFileManager::write(std::string_view devicePath, const NSData& data, Writing writing) {

@@ -26,6 +26,7 @@ class NSFileManager {
   bool fileExists(std::string_view devicePath) const;  ///< `fileExistsAtPath:`, files and folders alike.
   /// Names in a folder, sorted; empty when there is no such folder.
   std::vector<std::string> contentsOfDirectory(std::string_view devicePath) const;
+  /// `contentsAtPath:`. Of regular files up to 64 MiB; nothing of anything else.
   std::optional<NSData> contents(std::string_view devicePath) const;
 
   enum class Writing { Plain, Atomic };

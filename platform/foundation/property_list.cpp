@@ -7,28 +7,34 @@
 
 namespace {
 
-/// The number that a value is, as a Number; nothing when it is neither number nor boolean.
-template <class Number>
-std::optional<Number> numberIn(const PropertyList& value) {
-  if (auto* boolean = value.as<bool>()) return static_cast<Number>(*boolean);
-  if (auto* integer = value.as<std::int64_t>()) return static_cast<Number>(*integer);
-  if (auto* real = value.as<double>()) return static_cast<Number>(*real);
-  return std::nullopt;
+/// The finite number that a value is; nothing when it is neither number nor boolean.
+std::optional<double> numberIn(const PropertyList& value) {
+  if (auto* boolean = value.as<bool>()) return *boolean;
+  if (auto* integer = value.as<std::int64_t>()) return static_cast<double>(*integer);
+  auto* real = value.as<double>();
+  return real && std::isfinite(*real) ? std::optional(*real) : std::nullopt;
 }
 
 }  // namespace
 
-std::optional<bool> PropertyList::boolValue() const { return numberIn<bool>(*this); }
+std::optional<bool> PropertyList::boolValue() const {
+  const auto number = numberIn(*this);
+  return number ? std::optional(*number != 0) : std::nullopt;
+}
 
-std::optional<float> PropertyList::floatValue() const { return numberIn<float>(*this); }
+std::optional<float> PropertyList::floatValue() const {
+  const auto number = numberIn(*this);
+  const bool fits = number && std::abs(*number) <= std::numeric_limits<float>::max();
+  return fits ? std::optional(static_cast<float>(*number)) : std::nullopt;
+}
 
 std::optional<std::int32_t> PropertyList::intValue() const {
   using Limits = std::numeric_limits<std::int32_t>;
   // A double holds every 32-bit integer exactly, and no 64-bit one outside that range rounds into it.
-  const std::optional<double> number = numberIn<double>(*this);
+  const std::optional<double> number = numberIn(*this);
   if (!number) return std::nullopt;
   const double whole = std::trunc(*number);
-  const bool fits = whole >= Limits::min() && whole <= Limits::max();  // False for what is no number at all.
+  const bool fits = whole >= Limits::min() && whole <= Limits::max();
   return fits ? std::optional(static_cast<std::int32_t>(whole)) : std::nullopt;
 }
 

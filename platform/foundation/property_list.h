@@ -57,9 +57,10 @@ class PropertyList {
   }
   const Value& value() const { return value_; }
 
-  /// Numbers and booleans convert to each other; everything else is no number and gives nothing.
-  std::optional<bool> boolValue() const;  ///< True for any number but zero.
-  std::optional<float> floatValue() const;
+  /// Numbers and booleans convert to each other; everything else is no number and gives nothing, and so do
+  /// infinity and what is not a number.
+  std::optional<bool> boolValue() const;         ///< True for any number but zero.
+  std::optional<float> floatValue() const;       ///< What does not fit gives nothing.
   std::optional<std::int32_t> intValue() const;  ///< Reals are truncated; what does not fit gives nothing.
 
   bool operator==(const PropertyList&) const = default;

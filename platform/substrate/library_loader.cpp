@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <map>
 #include <optional>
 #include <string_view>
 
@@ -70,18 +71,30 @@ std::string load(const std::string& devicePath) {
   return failure.empty() ? failure : describeFailure(failure, path->string(), devicePath);
 }
 
+/// The stems of all libraries and filters in the folder, by the libraries' paths; and whether those are
+/// there.
+std::map<std::string, bool> librariesInFolder() {
+  std::map<std::string, bool> isThere;
+  for (const std::string& name : NSFileManager::defaultManager().contentsOfDirectory(libraryFolder)) {
+    const std::string path = libraryFolder + name;
+    if (name.ends_with(libraryExtension)) isThere[path] = true;
+    if (!name.ends_with(filterExtension)) continue;
+    isThere.try_emplace(path.substr(0, path.size() - filterExtension.size()) + std::string(libraryExtension),
+                        false);
+  }
+  return isThere;
+}
+
 }  // namespace
 
 std::vector<LoadedLibrary> loadLibrariesForBundle(const std::string& bundleIdentifier) {
   std::vector<LoadedLibrary> libraries;
-  for (const std::string& name : NSFileManager::defaultManager().contentsOfDirectory(libraryFolder)) {
-    if (!name.ends_with(libraryExtension)) continue;
-    const std::string path = libraryFolder + name;
+  for (const auto& [path, isThere] : librariesInFolder()) {
     const std::string stem = path.substr(0, path.size() - libraryExtension.size());
     const std::string filterPath = stem + std::string(filterExtension);
     const auto bundles = bundlesOfFilter(filterPath);
     if (!bundles) {
-      libraries.push_back({path, filterPath + ": no readable filter"});
+      if (isThere) libraries.push_back({path, filterPath + ": no readable filter"});
       continue;
     }
     if (std::find(bundles->begin(), bundles->end(), PropertyList(bundleIdentifier)) == bundles->end())

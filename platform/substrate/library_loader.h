@@ -13,6 +13,7 @@ struct LoadedLibrary {
 
 /// Loads, in order of their names, the libraries of /Library/MobileSubstrate/DynamicLibraries whose filter
 /// property list (NAME.plist beside NAME.dylib: Filter > Bundles) names `bundleIdentifier`. A library without
-/// a readable filter is reported as an error. Their constructors run before this returns. Each loaded one is
-/// traced as "library-loaded" {path}. Libraries are never unloaded.
+/// a readable filter and a filter for the bundle without its library are reported as errors. Their
+/// constructors run before this returns. Each loaded one is traced as "library-loaded" {path}. Libraries are
+/// never unloaded.
 std::vector<LoadedLibrary> loadLibrariesForBundle(const std::string& bundleIdentifier);

@@ -2,16 +2,23 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <limits.h>
+#include <poll.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <exception>
 #include <string_view>
 
+#include "platform/foundation/descriptor.h"
 #include "platform/foundation/trace.h"
 
 namespace {
@@ -20,7 +27,7 @@ constexpr std::string_view loaded = "loaded";  // As a verdict; any other is a c
 int verdictPipe;                               // Of the rehearsing process.
 
 [[noreturn]] void endWith(std::string_view verdict) {
-  // The verdict is shorter than what a pipe takes at once; with its end the process has said all.
+  verdict = verdict.substr(0, PIPE_BUF);  // What a pipe takes at once.
   const ssize_t written = ::write(verdictPipe, verdict.data(), verdict.size());
   ::_exit(written < 0 ? EXIT_FAILURE : EXIT_SUCCESS);
 }
@@ -35,8 +42,10 @@ int verdictPipe;                               // Of the rehearsing process.
   endWith("has thrown");
 }
 
-/// Nothing that it does or says on the way is to be seen outside, and no exception leads out of it.
+/// Drops what the library prints, and leaves by no exception.
 [[noreturn]] void rehearse(const std::filesystem::path& library) noexcept {
+  ::setpgid(0, 0);
+  ::prctl(PR_SET_PDEATHSIG, SIGKILL);  // A group of its own is not interrupted with its parent's.
   setTraceSink({});
   const int nowhere = ::open("/dev/null", O_RDWR | O_CLOEXEC);
   for (int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) ::dup2(nowhere, stream);
@@ -48,30 +57,52 @@ int verdictPipe;                               // Of the rehearsing process.
   endWith(reason ? reason : "cannot be loaded");
 }
 
-std::string readAll(int pipe) {
-  std::string text;
-  std::array<char, 4096> chunk;
-  for (ssize_t count; (count = ::read(pipe, chunk.data(), chunk.size())) != 0;) {
-    if (count > 0) text.append(chunk.data(), static_cast<std::size_t>(count));
-    if (count < 0 && errno != EINTR) break;
-  }
-  return text;
+/// Waits until the descriptor has something to tell; false when that takes longer than `longest`.
+bool becomesReady(const Descriptor& descriptor, std::chrono::milliseconds longest) {
+  using std::chrono::steady_clock, std::chrono::milliseconds;
+  const auto deadline = steady_clock::now() + longest;
+  pollfd waiting = {descriptor.number(), POLLIN, 0};
+  int ready = 0;
+  do {
+    const auto left = std::chrono::ceil<milliseconds>(deadline - steady_clock::now());
+    ready = ::poll(&waiting, 1, static_cast<int>(std::max(left, milliseconds(0)).count()));
+  } while (ready < 0 && errno == EINTR);
+  return ready > 0;
+}
+
+/// Ends what is left of the process and of its group, and tells its status.
+int end(pid_t process) {
+  for (pid_t target : {process, -process}) ::kill(target, SIGKILL);
+  int status = 0;
+  while (::waitpid(process, &status, 0) < 0 && errno == EINTR) continue;
+  return status;
+}
+
+std::string readVerdict(const Descriptor& pipe) {
+  std::array<char, PIPE_BUF> text;
+  const ssize_t count = ::read(pipe.number(), text.data(), text.size());
+  return std::string(text.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
 }
 
 }  // namespace
 
-std::string rehearseLoading(const std::filesystem::path& library) {
+std::string rehearseLoading(const std::filesystem::path& library, std::chrono::milliseconds longest) {
   int ends[2];
-  if (::pipe2(ends, O_CLOEXEC) != 0) return {};  // Without means to rehearse it has to do without.
-  verdictPipe = ends[1];
+  if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) return {};
+  const Descriptor reading(ends[0]), writing(ends[1]);
+  verdictPipe = writing.number();
   const pid_t process = ::fork();
+  if (process < 0) return {};
   if (process == 0) rehearse(library);
-  ::close(ends[1]);
-  const std::string verdict = process > 0 ? readAll(ends[0]) : "";
-  ::close(ends[0]);
-  int status = 0;
-  while (process > 0 && ::waitpid(process, &status, 0) < 0 && errno == EINTR) continue;
-  if (process < 0 || verdict == loaded) return {};
+  ::setpgid(process, process);  // Here as well, for it may not have come to that yet.
+  // Its exit counts, not the pipe's end: a process that it has started would hold that open.
+  const Descriptor running(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
+  const bool isOver = running.isOpen() && becomesReady(running, longest);
+  const int status = end(process);
+  if (!running.isOpen()) return {};
+  if (!isOver) return "does not finish loading";
+  const std::string verdict = readVerdict(reading);
+  if (verdict == loaded) return {};
   if (!verdict.empty()) return verdict;
   return std::string("ends the process that loads it") +
          (WIFSIGNALED(status) ? std::string(": ") + ::strsignal(WTERMSIG(status)) : "");

@@ -107,6 +107,15 @@ TEST(ImageCodec, WhatIsBrokenOffAnywhereIsNoPicture) {
 }
 
 TEST(ImageCodec, RefusesSizesBeyondMeasure) {
+  NSData longer = pngOf(1, 1, {PNG_COLOR_TYPE_RGB}, Bytes(3));  // Its header, and the pixels of a large one.
+  const NSData large = encodePng(noise(100, 100));
+  constexpr std::size_t headerEnd = 33;
+  longer.erase(longer.begin() + headerEnd, longer.end());
+  longer.insert(longer.end(), large.begin() + headerEnd, large.end());
+  EXPECT_EQ(decodeImage(longer), nullptr);
+  EXPECT_TRUE(decodeImage(encodePng(noise(9, 8)), nullptr, 9));
+  for (const NSData& file : {encodePng(noise(9, 8)), encodeJpeg(noise(8, 9), 1)})
+    EXPECT_EQ(decodeImage(file, nullptr, 8), nullptr);
   // Whole and well-formed; the first asks for 16 million pixels and a few more, the second is too long to be
   // drawn.
   EXPECT_EQ(decodeImage(pngOf(4100, 4100, {PNG_COLOR_TYPE_GRAY, 1}, Bytes(513))), nullptr);

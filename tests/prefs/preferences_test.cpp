@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <csignal>
+#include <functional>
 
 #include "platform/uikit/ui_color_archive.h"
 #include "prefs/preference_files.h"
@@ -101,8 +102,7 @@ TEST(Preferences, FavouritesCloseTheirGapsAndExcludedAppsLoseTheirPrefix) {
       PropertyListDictionary{
           {"ALValue-a", true}, {"ALValue-ALValue-c", 1}, {"ALValue-b", false}, {"ALValue-d", "YES"}},
       PropertyListFormat::Binary);
-  std::ofstream(device.root() / "var/mobile/Library/Preferences/com.zantric.vistrel-apps.plist")
-      .write(reinterpret_cast<const char*>(apps.data()), std::ssize(apps));
+  std::ofstream(device.pathOf(appsPath)).write(reinterpret_cast<const char*>(apps.data()), std::ssize(apps));
   device.postChange();
   EXPECT_EQ(disabledApps, (NSStringArray{"c", "a"}));
 }
@@ -136,8 +136,7 @@ TEST(Preferences, ADeletedFileIsWrittenAgainAndTheWindowStays) {
 
 TEST(Preferences, AFileThatIsNoPropertyListCountsAsEmpty) {
   TestDevice device;
-  std::ofstream(device.root() / "var/mobile/Library/Preferences/com.zantric.vistrel.plist")
-      << "<plist><dict><key>";
+  std::ofstream(device.pathOf(preferencesPath)) << "<plist><dict><key>";
   device.postChange();
   EXPECT_FALSE(settings.lsEnabled);
   EXPECT_EQ(settings.iconAnimation, "");
@@ -146,9 +145,10 @@ TEST(Preferences, AFileThatIsNoPropertyListCountsAsEmpty) {
 
 using WritingPreferences = TemporaryRoot;
 
-/// Writes the default preferences in a process of its own that is killed at its `calls`th system call, or at
-/// its end where it has fewer; true when it came to its end.
-bool writeDefaultsUntil(int calls) {
+/// Writes the default preferences in a process of its own that stops at its `calls`th system call for `then`,
+/// and ends there or, where `isToGoOn`, when it has written; true when it has fewer calls.
+bool writeDefaultsUntil(
+    int calls, bool isToGoOn = false, const std::function<void()>& then = [] {}) {
   const pid_t writer = fork();
   if (writer == 0) {
     ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
@@ -163,7 +163,8 @@ bool writeDefaultsUntil(int calls) {
     waitpid(writer, &status, 0);
   }
   if (WIFEXITED(status)) return true;
-  kill(writer, SIGKILL);
+  then();
+  isToGoOn ? ptrace(PTRACE_DETACH, writer, nullptr, nullptr) : kill(writer, SIGKILL);
   waitpid(writer, &status, 0);
   return false;
 }
@@ -182,6 +183,16 @@ TEST_F(WritingPreferences, KilledAtAnyMomentLeavesTheOldFileOrTheNewOneWhole) {
   }
   EXPECT_TRUE(wasOld);
   EXPECT_EQ(readPreferencesFile(), defaultPreferences());
+}
+
+TEST_F(WritingPreferences, AnotherWriterAtAnyMomentTakesNothingAway) {
+  bool isOver = false;
+  for (int calls = 1; !isOver; ++calls) {
+    writePreferencesFile({});
+    isOver =
+        writeDefaultsUntil(calls, true, [] { files().write(appsPath, {}, NSFileManager::Writing::Atomic); });
+    EXPECT_TRUE(readPreferencesFile() == defaultPreferences()) << calls;
+  }
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "platform/foundation/property_list.h"
 #include "platform/foundation/trace.h"
+#include "platform/substrate/load_rehearsal.h"
 #include "tests/support/temporary_root.h"
 
 namespace {
@@ -53,6 +54,8 @@ TEST_F(LibraryLoader, LoadsByFilterInOrderOfNamesAndSaysWhatFailed) {
   std::filesystem::remove(root() / (folder + "J-piped.dylib").substr(1));
   ASSERT_EQ(mkfifo((root() / (folder + "J-piped.dylib").substr(1)).c_str(), 0600), 0);
   install("K", library, here);
+  install("L-missing", {}, here);
+  std::filesystem::remove(root() / (folder + "L-missing.dylib").substr(1));
   std::string traced;
   setTraceSink([&](std::string_view event, const TraceFields& fields) {
     traced += std::string(event) + " " + std::get<std::string>(fields[0].second) + ";";
@@ -72,7 +75,8 @@ TEST_F(LibraryLoader, LoadsByFilterInOrderOfNamesAndSaysWhatFailed) {
                                                    {"H-cut", false},
                                                    {"I-throwing", false},
                                                    {"J-piped", false},
-                                                   {"K", true}};
+                                                   {"K", true},
+                                                   {"L-missing", false}};
   ASSERT_EQ(libraries.size(), std::size(expected));
   for (std::size_t i = 0; i < libraries.size(); ++i) {
     const auto& [path, error] = libraries[i];
@@ -81,6 +85,12 @@ TEST_F(LibraryLoader, LoadsByFilterInOrderOfNamesAndSaysWhatFailed) {
     EXPECT_EQ(error.find(root().string()), std::string::npos) << error;
     EXPECT_EQ(std::count(error.begin(), error.end(), '\n'), 0) << error;
   }
+}
+
+TEST(LoadRehearsal, WaitsNeitherForEverNorForProcessesThatALibraryStarts) {
+  EXPECT_EQ(rehearseLoading(STARTING_LIBRARY), "");
+  setenv("STAYS", "", 1);
+  EXPECT_EQ(rehearseLoading(STARTING_LIBRARY, std::chrono::milliseconds(0)), "does not finish loading");
 }
 
 }  // namespace

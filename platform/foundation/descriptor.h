@@ -1,0 +1,34 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <optional>
+
+#include "platform/foundation/ns_data.h"
+
+/// An open file descriptor, closed at the end of its scope. Internal.
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}  ///< Owned from now on; a negative one is none.
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor();
+
+  bool isOpen() const { return number_ >= 0; }
+  int number() const { return number_; }
+
+  bool sync() const;
+  /// Locks the file without waiting; false, with errno EWOULDBLOCK, while another process holds it.
+  bool lock() const;
+  /// Whether `path` leads to this very file.
+  bool isAt(const std::filesystem::path& path) const;
+
+  /// The bytes of a regular file, as many as it has now; nothing for anything else or for more than
+  /// `largest` bytes.
+  std::optional<NSData> read(off_t largest) const;
+  bool write(const NSData& data) const;  ///< False unless all of it is written.
+
+ private:
+  int number_;
+};
