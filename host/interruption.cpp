@@ -2,6 +2,8 @@
 
 #include <csignal>
 
+#include "host/failure.h"
+
 namespace host {
 namespace {
 
@@ -9,15 +11,26 @@ volatile std::sig_atomic_t signalled = 0;
 
 }  // namespace
 
+std::vector<int> interruptingSignals() {
+  std::vector<int> result{SIGINT, SIGTERM};
+  struct sigaction hangup {};
+  sigaction(SIGHUP, nullptr, &hangup);
+  if (hangup.sa_handler != SIG_IGN) result.push_back(SIGHUP);
+  return result;
+}
+
 void catchInterruptions() {
   std::signal(SIGPIPE, SIG_IGN);
   struct sigaction action {};
   action.sa_handler = [](int) { signalled = 1; };
   action.sa_flags = static_cast<int>(SA_RESETHAND);  // Without SA_RESTART: waiting for a line ends too.
-  sigaction(SIGINT, &action, nullptr);
-  sigaction(SIGTERM, &action, nullptr);
+  for (const int each : interruptingSignals()) sigaction(each, &action, nullptr);
 }
 
 bool interrupted() { return signalled != 0; }
+
+void stopIfInterrupted() {
+  if (interrupted()) throw Failure("interrupted");
+}
 
 }  // namespace host

@@ -12,10 +12,11 @@
 #include "host/interruption.h"
 #include "host/machine_file.h"
 #include "host/options.h"
-#include "host/readable.h"
+#include "host/readable_line.h"
 #include "host/script_runner.h"
 #include "host/settings/preference_panes.h"
 #include "host/spring_board.h"
+#include "host/standard_streams.h"
 #include "host/web/device_server.h"
 #include "host/web/respring.h"
 
@@ -26,7 +27,8 @@ class Script {
  public:
   explicit Script(const std::optional<std::string>& source)
       : fromStandardInput_(source == host::standardInput),
-        name_(fromStandardInput_ ? "<stdin>" : source.value_or("")) {
+        name_(fromStandardInput_ ? "<stdin>" : source.value_or("springboard")) {
+    if (fromStandardInput_) host::requireStandardInput();
     if (source && !fromStandardInput_) file_ = host::openMachineFile(*source);
   }
 
@@ -40,7 +42,7 @@ class Script {
 };
 
 void complain(const std::string& cause) {
-  std::cerr << "springboard: " << host::readable(cause) << std::endl;
+  std::cerr << "springboard: " << host::asReadableLine(cause) << std::endl;
 }
 
 /// A device that has booted, and what is said of it on the way.
@@ -48,27 +50,30 @@ class Device {
  public:
   Device(const host::Options& options, host::MachineFile::Existing log) {
     if (options.seed) std::srand(*options.seed);
-    if (options.log) log_.emplace(*options.log, log);  // The log sees the boot.
+    if (options.log) openLog(*options.log, log);  // The log sees the boot.
     springBoard_.emplace(options.boot);
-    printWarnings();
+    springBoard_->tellWarnings(complain);
   }
 
   host::SpringBoard& springBoard() { return *springBoard_; }
 
-  /// To be called when the device has been used.
-  void finish() {
-    printWarnings();
+  /// Throws Failure when the log lacks anything.
+  void checkLog() const {
     if (log_) log_->checkWritten();
   }
 
  private:
-  void printWarnings() {
-    for (; warned_ < springBoard_->warnings().size(); ++warned_) complain(springBoard_->warnings()[warned_]);
+  void openLog(const std::filesystem::path& path, host::MachineFile::Existing existing) {
+    try {
+      log_.emplace(path, existing);
+    } catch (const host::Failure& cause) {
+      if (existing == host::MachineFile::Existing::Emptied) throw;
+      complain(cause.what());  // Whoever resprings has promised to come back, with a log or without.
+    }
   }
 
   std::optional<host::EventLog> log_;
   std::optional<host::SpringBoard> springBoard_;
-  std::size_t warned_ = 0;
 };
 
 void refuseOneFileForBoth(const host::Options& options) {
@@ -85,8 +90,20 @@ int play(const host::Options& options) {
   Device device(options, host::MachineFile::Existing::Emptied);
   const int result =
       host::runScript(script.lines(), script.name(), device.springBoard(), std::cout, std::cerr);
-  device.finish();
+  device.checkLog();
   return result;
+}
+
+using End = host::DeviceServer::End;
+
+/// A log that lacks something does not keep a device from coming back.
+void checkLog(const Device& device, End end) {
+  try {
+    device.checkLog();
+  } catch (const host::Failure& cause) {
+    if (end != End::Respring) throw;
+    complain(cause.what());
+  }
 }
 
 /// `arguments` are those of the process, for one that takes its place.
@@ -96,31 +113,38 @@ int serve(const host::Options& options, char** arguments) {
   if (inherited) serving.token = inherited->token;
   host::DeviceServer server(serving, inherited ? std::optional(inherited->socket) : std::nullopt);
 
-  auto end = host::DeviceServer::End::SwitchedOff;
+  auto end = End::SwitchedOff;
   {
     using Existing = host::MachineFile::Existing;
     Device device(options, inherited ? Existing::Kept : Existing::Emptied);
     host::PreferencePanes panes(device.springBoard().applications());
     for (const std::string& warning : panes.warnings()) complain(warning);
     if (!inherited)
-      std::cout << "The device is at " << server.pageAddress() << " (Ctrl-C switches it off)" << std::endl;
+      host::print(std::cout, "The device is at " + server.pageAddress() + " (Ctrl-C switches it off)\n");
     end = server.run(device.springBoard(), panes);
-    device.finish();
+    checkLog(device, end);
   }
-  if (end == host::DeviceServer::End::Respring) host::respring({server.release(), serving.token}, arguments);
+  if (end == End::Respring) host::respring({server.release(), serving.token}, arguments);
   return host::exitSuccess;
+}
+
+int leave(const host::EarlyExit& exit) {
+  if (exit.exitCode == host::exitSuccess) {
+    host::print(std::cout, exit.text);
+  } else {
+    std::cerr << exit.text << std::flush;
+  }
+  return exit.exitCode;
 }
 
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-  const auto parsed = host::parseOptions(argumentCount, arguments);
-  if (auto* exit = std::get_if<host::EarlyExit>(&parsed)) {
-    (exit->exitCode == host::exitSuccess ? std::cout : std::cerr) << exit->text << std::flush;
-    return exit->exitCode;
-  }
+  host::holdClosedStandardStreams();
+  host::catchInterruptions();
   try {
-    host::catchInterruptions();
+    const auto parsed = host::parseOptions(argumentCount, arguments);
+    if (auto* exit = std::get_if<host::EarlyExit>(&parsed)) return leave(*exit);
     const auto& options = std::get<host::Options>(parsed);
     return options.serve ? serve(options, arguments) : play(options);
   } catch (const std::exception& error) {

@@ -6,7 +6,7 @@
 
 #include "host/exit_code.h"
 #include "host/failure.h"
-#include "host/readable.h"
+#include "host/readable_line.h"
 #include "host/script_parser.h"
 #include "host/web/request_guard.h"
 
@@ -24,7 +24,8 @@ std::string scriptHelp() {
 }
 
 EarlyExit badOption(const std::string& cause) {
-  return {fmt::format("{}: {} (--help lists the options)\n", programName, readable(cause)), exitBadInput};
+  return {fmt::format("{}: {} (--help lists the options)\n", programName, asReadableLine(cause)),
+          exitBadInput};
 }
 
 /// Empty texts stand for values that were left out. Throws Failure.

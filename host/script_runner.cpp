@@ -5,10 +5,11 @@
 #include <exception>
 #include <functional>
 
+#include "host/bounded_line.h"
 #include "host/exit_code.h"
 #include "host/failure.h"
 #include "host/interruption.h"
-#include "host/readable.h"
+#include "host/readable_line.h"
 #include "host/script_parser.h"
 #include "host/script_verbs.h"
 
@@ -20,27 +21,43 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 constexpr std::size_t longestLine = 64 << 10;  // Bytes.
 
-/// The next line, of one that is too long the beginning; false when there is none.
-bool takeLine(std::istream& lines, std::string& line) {
-  std::string room(longestLine + 2, '\0');  // One byte to see that it is too long, one for a NUL.
-  lines.getline(room.data(), std::ssize(room));
-  const auto taken = static_cast<std::size_t>(lines.gcount());
-  line.assign(room, 0, lines.good() ? taken - 1 : taken);  // The end of a line is no part of it.
-  return !lines.fail() || line.size() > longestLine;
-}
+/// A script being played. What its steps return is an exit code.
+class ScriptRun {
+ public:
+  ScriptRun(std::istream& lines, const std::string& name, SpringBoard& springBoard, std::ostream& output,
+            std::ostream& errors)
+      : lines_(lines), name_(name), errors_(errors), verbs_(springBoard, output) {}
 
-}  // namespace
+  int play() {
+    int result = exitSuccess;
+    for (std::string line; result == exitSuccess && takeLine(line);) {
+      result = attempt([&] { performLine(line); });
+    }
+    if (result == exitSuccess) result = attempt([&] { comeToRest(); });
+    const int saving = attempt([&] { verbs_.finishRecording(); });
+    return result == exitSuccess ? saving : result;
+  }
 
-int runScript(std::istream& lines, const std::string& name, SpringBoard& springBoard, std::ostream& output,
-              std::ostream& errors) {
-  ScriptVerbs verbs(springBoard, output);
-  int number = 0;
-  // Runs one step and says, as an exit code, what became of it.
-  const auto attempt = [&](const std::function<void()>& step) {
-    const auto complain = [&](std::string_view cause, int exitCode) {
-      errors << fmt::format("{}:{}: {}\n", name, number, readable(cause)) << std::flush;
-      return exitCode;
-    };
+ private:
+  bool takeLine(std::string& line) {
+    if (interrupted() || !takeBoundedLine(lines_, line, longestLine)) return false;
+    ++number_;
+    if (number_ == 1 && line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
+    return true;
+  }
+
+  void performLine(const std::string& line) {
+    if (line.size() > longestLine) throw BadScriptLine(fmt::format("longer than {} bytes", longestLine));
+    if (auto command = parseScriptLine(line)) verbs_.perform(*command);
+  }
+
+  void comeToRest() {
+    stopIfInterrupted();
+    if (lines_.bad()) throw Failure("the script cannot be read further");
+    verbs_.drain();
+  }
+
+  int attempt(const std::function<void()>& step) {
     try {
       step();
       return exitSuccess;
@@ -53,26 +70,26 @@ int runScript(std::istream& lines, const std::string& name, SpringBoard& springB
     } catch (...) {
       return complain(unknownFault, exitFailed);
     }
-  };
+  }
 
-  int result = exitSuccess;
-  for (std::string line; result == exitSuccess && !interrupted() && takeLine(lines, line);) {
-    ++number;
-    if (number == 1 && line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
-    result = attempt([&] {
-      if (line.size() > longestLine) throw BadScriptLine(fmt::format("longer than {} bytes", longestLine));
-      if (auto command = parseScriptLine(line)) verbs.perform(*command);
-    });
+  int complain(std::string_view cause, int exitCode) {
+    const std::string place = number_ > 0 ? fmt::format("{}:{}", name_, number_) : name_;
+    errors_ << fmt::format("{}: {}\n", place, asReadableLine(cause)) << std::flush;
+    return exitCode;
   }
-  if (result == exitSuccess) {
-    result = attempt([&] {
-      if (interrupted()) throw Failure("interrupted");
-      if (lines.bad()) throw Failure("the script cannot be read further");
-      verbs.drain();
-    });
-  }
-  const int saving = attempt([&] { verbs.finishRecording(); });
-  return result == exitSuccess ? saving : result;
+
+  std::istream& lines_;
+  const std::string& name_;
+  std::ostream& errors_;
+  ScriptVerbs verbs_;
+  int number_ = 0;  // Of the line that was taken last.
+};
+
+}  // namespace
+
+int runScript(std::istream& lines, const std::string& name, SpringBoard& springBoard, std::ostream& output,
+              std::ostream& errors) {
+  return ScriptRun(lines, name, springBoard, output, errors).play();
 }
 
 }  // namespace host

@@ -4,14 +4,17 @@
 #include <utility>
 
 #include "host/failure.h"
+#include "host/interruption.h"
 
 namespace host {
 
 void ScriptTime::advanceTo(CFTimeInterval time) {
+  stopIfInterrupted();
   RunLoop& loop = RunLoop::main();
   while (recorder_ && recorder_->nextFrame() <= time) {
     loop.advanceTo(recorder_->nextFrame());
     recorder_->takeFrame();
+    stopIfInterrupted();
   }
   loop.advanceTo(time);
 }

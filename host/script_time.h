@@ -15,6 +15,9 @@ class ScriptTime {
  public:
   CFTimeInterval now() const { return RunLoop::main().now(); }
 
+  // Whatever lets time pass throws Failure when the process has been interrupted, within a frame of a
+  // recording.
+
   /// Runs what is due now; no time passes.
   void turn() { advanceTo(now()); }
   void advanceTo(CFTimeInterval time);

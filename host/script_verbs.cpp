@@ -6,6 +6,7 @@
 #include "host/device_commands.h"
 #include "host/failure.h"
 #include "host/machine_file.h"
+#include "host/standard_streams.h"
 #include "platform/coregraphics/image_codec.h"
 #include "platform/uikit/display.h"
 
@@ -81,9 +82,6 @@ void ScriptVerbs::settle() {
   if (springBoard_.busy()) throw Failure(fmt::format("still under way after {} s", longestSettling));
 }
 
-void ScriptVerbs::print(const std::string& text) {
-  output_ << text << std::flush;
-  if (!output_) throw Failure("standard output cannot be written");
-}
+void ScriptVerbs::print(const std::string& text) { host::print(output_, text); }
 
 }  // namespace host

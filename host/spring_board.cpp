@@ -46,9 +46,11 @@ class SpringBoard::State {
 
   Application& installed(const std::string& bundle) const;
   void settle();
+  void warn(std::string warning);
 
   DeviceModel model;
   std::vector<std::string> warnings;
+  std::function<void(const std::string&)> tellWarning = [](const std::string&) {};
   std::shared_ptr<AppCatalogue> catalogue;
   std::shared_ptr<AppSwitcherModel> recents;
   std::unique_ptr<StatusBar> statusBar;
@@ -57,6 +59,11 @@ class SpringBoard::State {
   std::shared_ptr<AwayController> awayController;
 };
 
+void SpringBoard::State::warn(std::string warning) {
+  warnings.push_back(std::move(warning));
+  tellWarning(warnings.back());
+}
+
 SpringBoard::State::State(const BootOptions& options) : model(options.model) {
   openRoot(options.root);
   setDisplay(std::make_shared<WindowDisplay>(model.size, model.scale));
@@ -64,12 +71,12 @@ SpringBoard::State::State(const BootOptions& options) : model(options.model) {
   catalogue = std::make_shared<AppCatalogue>(model, warnings);
   recents = std::make_shared<AppSwitcherModel>(
       [this](const std::string& identifier) { return catalogue->find(identifier) != nullptr; },
-      [this](std::string warning) { warnings.push_back(std::move(warning)); });
+      [this](std::string warning) { warn(std::move(warning)); });
 
   // From here on SpringBoard's methods are sent for, and libraries may have replaced them.
   if (options.loadTweaks) {
     for (const LoadedLibrary& library : loadLibrariesForBundle(bundleIdentifier))
-      if (!library.error.empty()) warnings.push_back(library.error);
+      if (!library.error.empty()) warn(library.error);
   }
   if (options.alsoLoad) options.alsoLoad();
 
@@ -153,6 +160,11 @@ void SpringBoard::hideKeyboard() { UIPeripheralHost::sharedInstance().hideKeyboa
 // What is to be seen.
 
 const std::vector<std::string>& SpringBoard::warnings() const { return state_->warnings; }
+
+void SpringBoard::tellWarnings(std::function<void(const std::string&)> tell) {
+  state_->tellWarning = std::move(tell);
+  for (const std::string& warning : state_->warnings) state_->tellWarning(warning);
+}
 
 bool SpringBoard::busy() const { return state_->uiController->busy() || state_->awayController->busy(); }
 

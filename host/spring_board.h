@@ -45,6 +45,8 @@ class SpringBoard {
 
   /// What boot had to report and, later, what else could not be kept; a line each, in order.
   const std::vector<std::string>& warnings() const;
+  /// Tells those that there are at once, and each further one as it comes.
+  void tellWarnings(std::function<void(const std::string&)> tell);
 
   /// Opens an application through its icon: first back to the home screen, then to the icon's page, then a
   /// tap. Fails on a locked device and for an unknown bundle.

@@ -1,5 +1,7 @@
 #include "host/settings/preference_pane.h"
 
+#include <fmt/format.h>
+
 #include <cmath>
 #include <string_view>
 
@@ -13,6 +15,9 @@ namespace {
 constexpr const char* panesFolder = "/Library/PreferenceLoader/Preferences";
 constexpr std::string_view paneEnding = ".plist";
 constexpr const char* groupCell = "PSGroupCell";
+
+constexpr std::size_t mostPanes = 100;  // Files; those that are not usable count.
+constexpr std::size_t mostRows = 200;   // Of a pane.
 
 // Bounds within which integers and reals hold the same whole numbers.
 constexpr double largestBound = 1e15;
@@ -118,8 +123,10 @@ PreferenceItem readItem(const Dictionary& row) {
 PreferencePane readPane(const std::string& path) {
   const auto file = dictionaryWithContentsOfFile(path);
   if (!file) throw Failure("not a readable property list");
-  PreferencePane pane{text(required<Dictionary>(*file, "entry"), "label"), {}};
-  for (const PropertyList& entry : required<PropertyListArray>(*file, "items")) {
+  PreferencePane pane{path, text(required<Dictionary>(*file, "entry"), "label"), {}};
+  const auto& items = required<PropertyListArray>(*file, "items");
+  if (items.size() > mostRows) throw Failure(fmt::format("more than {} items", mostRows));
+  for (const PropertyList& entry : items) {
     try {
       const auto* row = entry.as<Dictionary>();
       if (!row) throw Failure("no dictionary");
@@ -141,8 +148,13 @@ bool SliderCell::isWhole() const { return std::trunc(step) == step; }
 
 std::vector<PreferencePane> readPreferencePanes(std::vector<std::string>& warnings) {
   std::vector<PreferencePane> panes;
+  std::size_t count = 0;
   for (const std::string& name : NSFileManager::defaultManager().contentsOfDirectory(panesFolder)) {
     if (!name.ends_with(paneEnding)) continue;
+    if (++count > mostPanes) {
+      warnings.push_back(fmt::format("{}: more than {} panes", panesFolder, mostPanes));
+      break;
+    }
     const std::string path = std::string(panesFolder) + "/" + name;
     try {
       panes.push_back(readPane(path));

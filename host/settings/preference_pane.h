@@ -67,12 +67,14 @@ struct PreferenceItem {
 };
 
 struct PreferencePane {
+  std::string file;  ///< Its path on the device.
   std::string title;
   std::vector<std::variant<PreferenceGroup, PreferenceItem>> rows;
 };
 
 /// The panes in /Library/PreferenceLoader/Preferences, in order of their files' names. A pane with anything
-/// in it that is not usable is left out and leaves one line, its file and the cause, in `warnings`.
+/// in it that is not usable is left out and leaves one line, its file and the cause, in `warnings`; so does
+/// the first one that is too many.
 std::vector<PreferencePane> readPreferencePanes(std::vector<std::string>& warnings);
 
 }  // namespace host

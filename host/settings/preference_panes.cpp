@@ -1,5 +1,7 @@
 #include "host/settings/preference_panes.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cctype>
 #include <optional>
@@ -12,6 +14,13 @@
 
 namespace host {
 namespace {
+
+constexpr std::size_t largestSettings = 1 << 20;  // Bytes, as described.
+
+/// What a pane's description may grow to, whatever its values become.
+std::size_t largestDescription(const PreferencePane& pane, const std::vector<std::string>& bundles) {
+  return jsonLine(describePanes({pane}, bundles)).size() + pane.rows.size() * longestShownText;
+}
 
 template <class Wanted>
 bool is(const PreferenceItem& item) {
@@ -33,9 +42,19 @@ std::string oneLine(std::string text) {
 
 }  // namespace
 
-PreferencePanes::PreferencePanes(const std::vector<AppListing>& applications)
-    : panes_(readPreferencePanes(warnings_)) {
+PreferencePanes::PreferencePanes(const std::vector<AppListing>& applications) {
   for (const AppListing& application : applications) bundles_.push_back(application.bundle);
+  std::size_t size = 0;
+  for (PreferencePane& pane : readPreferencePanes(warnings_)) {
+    const std::size_t grown = size + largestDescription(pane, bundles_);
+    if (grown > largestSettings) {
+      warnings_.push_back(
+          fmt::format("{}: the settings would take more than {} bytes", pane.file, largestSettings));
+    } else {
+      size = grown;
+      panes_.push_back(std::move(pane));
+    }
+  }
   atStart_ = describePanes(panes_, bundles_);
 }
 

@@ -78,7 +78,7 @@ Json show(const AppListCell&, const PropertyList& stored) { return show(SwitchCe
 
 Json show(const ChoiceCell&, const PropertyList& stored) {
   const auto* word = stored.as<std::string>();
-  return word ? Json(*word) : Json();
+  return word && word->size() <= longestShownText ? Json(*word) : Json();
 }
 
 Json show(const SliderCell& cell, const PropertyList& stored) {

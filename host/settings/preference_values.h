@@ -11,8 +11,10 @@ namespace host {
 /// or false"), for what the control cannot hold. Whether an application is installed is not looked at.
 PropertyList storedValue(const Cell& cell, const Json& value);
 
+inline constexpr std::size_t longestShownText = 255;  ///< Bytes of a value.
+
 /// What the control shows for a value that stands in the file, also one that it would not store itself: words
-/// that are not on offer, numbers out of range. Null for a value of the wrong type.
+/// that are not on offer, numbers out of range. Null for a value of the wrong type and for a longer text.
 Json shownValue(const Cell& cell, const PropertyList& stored);
 
 /// The property list of a domain, a device path.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <boost/asio/post.hpp>
 #include <chrono>
-#include <csignal>
 
 #include "host/interruption.h"
 #include "host/web/machine_address.h"
@@ -36,7 +35,9 @@ DeviceServer::DeviceServer(const ServeOptions& options, std::optional<ListeningS
       token_(options.token),
       guard_(server_.address(), options.token),
       page_(options.page),
-      signals_(loop_, SIGINT, SIGTERM) {}
+      signals_(loop_) {
+  for (const int each : interruptingSignals()) signals_.add(each);
+}
 
 std::string DeviceServer::pageAddress() const {
   ListenAddress address = server_.address();

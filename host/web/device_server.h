@@ -18,15 +18,15 @@ namespace host {
 /// machine's clock. All on the thread that calls `run`.
 class DeviceServer : private WebApplication {
  public:
-  /// Takes the address, or goes on with the socket of a server before this one. From here on SIGINT and
-  /// SIGTERM wait for `run`, whoever handled them before. Throws Failure.
+  /// Takes the address, or goes on with the socket of a server before this one. From here on
+  /// interruptions wait for `run`, whoever handled them before. Throws Failure.
   explicit DeviceServer(const ServeOptions& options, std::optional<ListeningSocket> socket = std::nullopt);
 
   /// What to type into a browser on this machine or, where it listens to all, on one beside it.
   std::string pageAddress() const;
 
   enum class End {
-    SwitchedOff,  ///< By SIGINT or SIGTERM.
+    SwitchedOff,  ///< By an interruption.
     Respring,     ///< A client wants the device to start afresh.
   };
   /// Serves the device until one of these; all clients have gone then. To be called once.

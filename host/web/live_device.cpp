@@ -6,6 +6,7 @@
 #include "host/device_clock.h"
 #include "host/device_commands.h"
 #include "host/inspection.h"
+#include "host/readable_line.h"
 #include "host/settings/bad_setting.h"
 #include "platform/coregraphics/image_codec.h"
 #include "platform/foundation/darwin_notification_center.h"
@@ -14,6 +15,10 @@ namespace host {
 namespace {
 
 std::string message(const char* name, const Json& value) { return jsonLine(Json::object({{name, value}})); }
+
+std::string problemText(const std::exception& cause) {
+  return message("problem", asReadableLine(cause.what()));
+}
 
 std::string settingsText(const PreferencePanes& panes) { return message("settings", panes.describe()); }
 
@@ -92,7 +97,7 @@ void LiveDevice::received(WebClient& connection, std::string_view text, WallTime
     connection.close(CloseCode::PolicyViolation, cause.what());
   } catch (const std::exception& cause) {
     // Failures and impossible touches are meant to come; an add-on library's fault is reported no less.
-    connection.sendText(message("problem", cause.what()));
+    connection.sendText(problemText(cause));
   }
 }
 
@@ -108,7 +113,7 @@ void LiveDevice::attempt(const std::function<void()>& work) {
   try {
     work();
   } catch (const std::exception& fault) {
-    const std::string text = message("problem", fault.what());
+    const std::string text = problemText(fault);
     for (LiveClient& client : clients_) client.connection().sendText(text);
   }
 }

@@ -15,7 +15,7 @@ inline constexpr std::size_t mostClients = 16;
 inline constexpr std::size_t longestMessage = 4 * 1024;
 inline constexpr double messagesPerSecond = 2000;  // Pings and pongs count.
 inline constexpr double messagesAtOnce = 4000;
-inline constexpr std::size_t mostTextWaiting = 1024 * 1024;
+inline constexpr std::size_t mostTextWaiting = 4 * 1024 * 1024;
 inline constexpr std::size_t longestReason = 123;  // As the protocol has it.
 inline constexpr std::chrono::seconds handshakeTimeout(5);
 inline constexpr std::chrono::seconds silenceTimeout(30);  // Pinged after half of it.

@@ -210,6 +210,7 @@ TEST_F(LiveDeviceTest, WhatCannotBeDoneIsAnsweredAndWhatIsNoMessageClosesItsClie
       {"terminate", R"("com.example.one")", "com.example.one: not running", ""},
       {"touch", R"("down", 321, 1)", "(321, 1) is not on the screen of 320 x 480 points", ""},
       {"touch", R"("move", 1, 1)", "move before down", ""},
+      {"launch", R"("a\nb")", "a\\x0ab: no such application", ""},
       {"keyboard", R"("show")", "keyboard: no application is in front", ""},
       {"wait", "1", "", "1008 wait: not from a page"},
       {"set", R"("nobody", "key", 1)", "", "1008 "},

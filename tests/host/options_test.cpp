@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <regex>
 #include <vector>
 
+#include "host/readable_line.h"
 #include "host/web/request_guard.h"
 
 namespace host {
@@ -75,6 +77,22 @@ TEST(Options, WrongOnesAreRefusedInOneLine) {
     EXPECT_EQ(std::ranges::count(refusal->text, '\n'), 1) << refusal->text;
     EXPECT_NE(refusal->text.find(arguments.back()), std::string::npos) << refusal->text;
   }
+}
+
+TEST(ReadableLine, SpellsControlCharactersAndLosesNoMoreThanItsMiddle) {
+  std::string letters;
+  for (int i = 0; i < 300; ++i) letters += "é";
+  // Where the rest are letters, every "é" left out.
+  const std::pair<std::string, std::string> cases[] = {{"a\nb\x7f: é", "a\\x0ab\\x7f: "},
+                                                       {"a" + letters + ": cause", "a ... : cause"},
+                                                       {"ab" + letters + ": a cause", "ab ... : a cause"},
+                                                       {std::string(400, '\xbf'), " ... "}};
+  for (const auto& [message, rest] : cases) {
+    const std::string line = asReadableLine(message);
+    EXPECT_EQ(std::regex_replace(line, std::regex("é"), ""), rest) << line;
+    EXPECT_LE(line.size(), 300u);
+  }
+  EXPECT_EQ(asReadableLine(std::string(300, 'a')), std::string(300, 'a'));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "host/failure.h"
 #include "host/settings/bad_setting.h"
+#include "prefs/preference_files.h"
 #include "switcher/card_scroller.h"
 #include "switcher/shared_state.h"
 #include "tests/support/temporary_root.h"
@@ -158,6 +159,13 @@ TEST_F(PreferencePanesTest, AreLeftOutWithALineWhereAnythingIsNotUsable) {
     PreferencePanes panes = panesOf(PropertyListArray{flag, row});
     EXPECT_EQ(panes.warnings(), std::vector{paneFile + std::string(": item 2: ") + cause});
   }
+  EXPECT_EQ(panesOf(PropertyListArray(200, group)).warnings(), std::vector<std::string>());
+  EXPECT_EQ(panesOf(PropertyListArray(201, group)).warnings(),
+            std::vector{paneFile + std::string(": more than 200 items")});
+  const Dictionary large{{"cell", "PSGroupCell"},
+                         {"label", std::string(600'000, '\\')}};  // Each one escaped.
+  EXPECT_EQ(panesOf(PropertyListArray{large}).warnings(),
+            std::vector{paneFile + std::string(": the settings would take more than 1048576 bytes")});
   EXPECT_EQ(panesOf("text").warnings(), std::vector{paneFile + std::string(": no usable items")});
 }
 
@@ -167,7 +175,7 @@ TEST(SwitcherPane, HasEveryKeyAtItsDefaultAndTakesEffect) {
   EXPECT_EQ(panes.warnings(), std::vector<std::string>());
   const Dictionary written = device.readPreferences();  // By the switcher, for want of a file.
   const Json shown = panes.describe();
-  std::filesystem::remove(device.root() / "var/mobile/Library/Preferences/com.zantric.vistrel.plist");
+  std::filesystem::remove(device.pathOf(vistrel::preferencesPath));
   EXPECT_EQ(panes.describe(), shown);
   const char* switcher = "com.zantric.vistrel";
   panes.set(switcher, "swipeDirection", "Left");

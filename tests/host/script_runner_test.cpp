@@ -3,10 +3,15 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <cstdlib>
 #include <fstream>
+#include <iostream>
 #include <sstream>
 
+#include "host/bounded_line.h"
 #include "host/event_log.h"
+#include "host/interruption.h"
 #include "host/json_text.h"
 #include "platform/foundation/darwin_notification_center.h"
 #include "platform/foundation/trace.h"
@@ -112,12 +117,34 @@ TEST_F(ScriptRunnerTest, StopsAtTheFirstLineThatIsWrongOrFails) {
   }
 }
 
+TEST(BoundedLine, TakesOneByteMoreThanALineMayHave) {
+  std::istringstream lines(std::string("\n123\n4\0\n1234567\n8", 17));
+  std::string line;
+  for (const auto& expected : {std::string(), std::string("123"), std::string("4\0", 2), std::string("1234"),
+                               std::string("567"), std::string("8")}) {
+    EXPECT_TRUE(takeBoundedLine(lines, line, 3));
+    EXPECT_EQ(line, expected);
+  }
+  EXPECT_FALSE(takeBoundedLine(lines, line, 3));
+}
+
 TEST_F(ScriptRunnerTest, ARecordingIsKeptWhenAScriptFails) {
   EXPECT_EQ(play("record-video " + file_ + "\nwait 0.1\nfoo"), 2);
   std::ifstream stream(file_, std::ios::binary);
   std::string start(4, ' ');
   stream.read(start.data(), std::ssize(start));
   EXPECT_EQ(start, "RIFF");
+}
+
+TEST_F(ScriptRunnerTest, AnInterruptionEndsARecordedWaitAndKeepsTheRecording) {
+  const auto playInterrupted = [this] {
+    catchInterruptions();
+    RunLoop::main().scheduleAfter(0.1, [] { std::raise(SIGHUP); });
+    const int code = play("record-video " + file_ + "\nwait 60");
+    std::cerr << errors_.str() << (RunLoop::main().now() < 30 && std::filesystem::file_size(file_) > 0);
+    std::_Exit(code);
+  };
+  EXPECT_EXIT(playInterrupted(), testing::ExitedWithCode(1), "^demo:2: interrupted\n1");
 }
 
 TEST_F(ScriptRunnerTest, TimePassesOnlyAsAsked) {

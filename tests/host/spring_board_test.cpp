@@ -41,11 +41,17 @@ TEST_F(SpringBoardTest, LeavesOutBundlesThatAreNotUsableAndSaysWhy) {
   writeDictionaryToFile({{"CFBundleIdentifier", 7}}, "/Applications/nameless.app/Info.plist");
   writeDictionaryToFile({{"CFBundleIdentifier", "com.example.one"}}, "/Applications/two.app/Info.plist");
   writeDictionaryToFile({{"CFBundleIdentifier", "com.example.plain"}}, "/Applications/plain.app/Info.plist");
+  const std::string tooLong(256, 'x');
+  writeDictionaryToFile({{"CFBundleIdentifier", tooLong}}, "/Applications/long.app/Info.plist");
+  writeDictionaryToFile({{"CFBundleIdentifier", "l"}, {"CFBundleName", tooLong}},
+                        "/Applications/longer.app/Info.plist");
   const SpringBoard& board = boot();
   EXPECT_EQ(board.warnings(),
             (std::vector<std::string>{
                 "/Applications/broken.app/Info.plist: not a readable property list",
                 "/Applications/empty.app/Info.plist: not a readable property list",
+                "/Applications/long.app/Info.plist: CFBundleIdentifier is longer than 255 bytes",
+                "/Applications/longer.app/Info.plist: the name is longer than 255 bytes",
                 "/Applications/nameless.app/Info.plist: no CFBundleIdentifier",
                 "/Applications/two.app/Info.plist: another application is called com.example.one"}));
   ASSERT_EQ(board.applications().size(), 2u);

@@ -8,6 +8,7 @@
 #include "platform/foundation/darwin_notification_center.h"
 #include "platform/uikit/touch_dispatcher.h"
 #include "platform/uikit/ui_color_archive.h"
+#include "prefs/preference_files.h"
 #include "startup/hook_table.h"
 #include "switcher/layout.h"
 #include "switcher/shared_state.h"
@@ -18,8 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int finger = 0;
-constexpr const char* preferencesFile = "var/mobile/Library/Preferences/com.zantric.vistrel.plist";
-constexpr const char* appsFile = "var/mobile/Library/Preferences/com.zantric.vistrel-apps.plist";
 constexpr const char* springBoardFile = "var/mobile/Library/Preferences/com.apple.springboard.plist";
 
 void writeFile(const fs::path& path, const NSData& data) {
@@ -78,7 +77,7 @@ TestDevice::TestDevice(DeviceSetup setup) : root_(makeRoot()) {
   if (!setup.disabledApps.empty()) {
     PropertyListDictionary apps;
     for (const std::string& bundle : setup.disabledApps) apps.emplace("ALValue-" + bundle, true);
-    writePlist(root_ / appsFile, apps);
+    writePlist(pathOf(appsPath), apps);
   }
   if (!setup.recents.empty()) {
     PropertyListArray recents(setup.recents.begin(), setup.recents.end());
@@ -93,6 +92,10 @@ TestDevice::TestDevice(DeviceSetup setup) : root_(makeRoot()) {
 TestDevice::~TestDevice() {
   springBoard_.reset();
   fs::remove_all(root_);
+}
+
+fs::path TestDevice::pathOf(std::string_view devicePath) const {
+  return root_ / fs::path(devicePath).relative_path();
 }
 
 void TestDevice::pump(double seconds) { RunLoop::main().advanceBy(seconds); }
@@ -160,12 +163,12 @@ void TestDevice::changePreferences(const PropertyListDictionary& changes) {
 }
 
 void TestDevice::deletePreferences() {
-  fs::remove(root_ / preferencesFile);
+  fs::remove(pathOf(preferencesPath));
   postChange();
 }
 
 PropertyListDictionary TestDevice::readPreferences() const {
-  std::ifstream file(root_ / preferencesFile, std::ios::binary);
+  std::ifstream file(pathOf(preferencesPath), std::ios::binary);
   const NSData data{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   auto list = propertyListWithData(data);
   auto* dictionary = list ? list->as<PropertyListDictionary>() : nullptr;
@@ -179,7 +182,7 @@ void TestDevice::postChange() {
 }
 
 void TestDevice::writePreferences(const PropertyListDictionary& preferences) const {
-  writePlist(root_ / preferencesFile, preferences);
+  writePlist(pathOf(preferencesPath), preferences);
 }
 
 }  // namespace vistrel::test

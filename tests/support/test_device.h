@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/spring_board.h"
@@ -31,6 +32,8 @@ class TestDevice {
 
   host::SpringBoard& springBoard() { return *springBoard_; }
   const std::filesystem::path& root() const { return root_; }
+  /// Where a device path lies on this machine.
+  std::filesystem::path pathOf(std::string_view devicePath) const;
 
   /// Lets time pass.
   void pump(double seconds);
