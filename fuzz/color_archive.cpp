@@ -1,5 +1,6 @@
 // Keyed archives of colours: whatever is read is a colour, and is the same once more archived and read.
 
+#include "fuzz/input.h"
 #include "fuzz/promise.h"
 #include "platform/uikit/ui_color_archive.h"
 

@@ -1,12 +1,15 @@
 // Cropping with any rectangle, and the bands of any picture: the pixels that the rectangle touches, in place.
 
-#include <cmath>
+#include <algorithm>
+#include <memory>
+#include <vector>
 
 #include "fuzz/input.h"
 #include "fuzz/promise.h"
 #include "platform/uikit/display.h"
 #include "switcher/card_scroller.h"
 #include "switcher/shared_state.h"
+#include "tests/support/geometry.h"
 
 namespace {
 
@@ -28,16 +31,12 @@ Stretch touched(CGFloat origin, CGFloat length, int limit) {
   return result;
 }
 
-bool isFinite(CGRect rect) {
-  return std::isfinite(rect.origin.x) && std::isfinite(rect.origin.y) && std::isfinite(rect.size.width) &&
-         std::isfinite(rect.size.height);
-}
-
 void checkCrop(const CGImageRef& image, CGRect rect) {
   const CGImageRef part = CGImageCreateWithImageInRect(image, rect);
   const Stretch x = touched(rect.origin.x, rect.size.width, image->width());
   const Stretch y = touched(rect.origin.y, rect.size.height, image->height());
-  if (!isFinite(rect) || x.end == 0 || y.end == 0) return fuzz::require(!part, "nothing gives nothing");
+  if (!vistrel::test::isFinite(rect) || x.end == 0 || y.end == 0)
+    return fuzz::require(!part, "nothing gives nothing");
   fuzz::require(part && part->width() == x.end - x.begin && part->height() == y.end - y.begin,
                 "a crop has the pixels that the rectangle touches");
   fuzz::require(

@@ -4,9 +4,12 @@
 #include <endian.h>
 #include <zlib.h>
 
+#include <algorithm>
 #include <cstring>
 #include <fstream>
+#include <vector>
 
+#include "fuzz/input.h"
 #include "fuzz/promise.h"
 #include "host/application_bundle.h"
 #include "platform/coregraphics/cg_context.h"
@@ -61,8 +64,10 @@ void checkPictures(const NSData& data, const CGImage& expected) {
       .write(reinterpret_cast<const char*>(data.data()), std::ssize(data));
   const auto ofLibrary = UIImage::imageWithContentsOfFile(std::string(bundle) + "/Icon.png");
   const host::ApplicationBundle application(bundle, *host::findDeviceModel(model));
-  for (const auto& image : {ofLibrary, application.loadIcon(iconPoints),
-                            application.loadLaunchPicture(UIInterfaceOrientation::Portrait)}) {
+  std::vector images{ofLibrary, application.loadLaunchPicture(UIInterfaceOrientation::Portrait)};
+  const auto largestSide = static_cast<std::uint32_t>(std::max(expected.width(), expected.height()));
+  if (largestSide <= host::ApplicationBundle::largestIcon) images.push_back(application.loadIcon(iconPoints));
+  for (const auto& image : images) {
     fuzz::require(image && CGImage::samePixels(*image->cgImage(), expected),
                   "a picture is the same by every way");
     draw(image);

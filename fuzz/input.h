@@ -5,7 +5,12 @@
 #include <cstring>
 #include <span>
 
+#include "platform/foundation/ns_data.h"
+
+/// What libFuzzer hands to a target, in other forms.
 namespace fuzz {
+
+inline NSData dataOf(const std::uint8_t* bytes, std::size_t size) { return NSData(bytes, bytes + size); }
 
 /// An input as a row of values; any number of bytes gives any number of them, zeros beyond the end.
 class Input {
@@ -20,7 +25,7 @@ class Input {
     rest_ = rest_.subspan(count);
     return value;
   }
-  /// From `least` to `most`.
+  /// From `least` to `most`, but not beyond `least` + 65,535: it is made of two bytes.
   int takeFrom(int least, int most) { return least + take<std::uint16_t>() % (most - least + 1); }
   std::span<const std::uint8_t> rest() const { return rest_; }
 

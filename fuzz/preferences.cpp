@@ -20,6 +20,7 @@ constexpr std::string_view divider = "\n--\n";  // Behind it begins the apps fil
 constexpr const char* preferences = "com.zantric.vistrel.plist";
 constexpr const char* apps = "com.zantric.vistrel-apps.plist";
 constexpr float splitPoint = 200;
+constexpr std::size_t strips = 2;                // Icons and names.
 constexpr double instant = 0.1, longEnough = 3;  // Seconds: into an animation, and beyond it.
 
 /// One device for all inputs, with names and two applications to switch between.
@@ -76,6 +77,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   checkGeometry(*switcherWindow);
   fuzz::require(!switcherOpen && test::liesAt(*switcherWindow, restingWindowFrame()),
                 "a closed switcher parks");
-  fuzz::require(switcherWindow->subviews().size() == 2, "a closed switcher has its strips alone");
+  fuzz::require(switcherWindow->subviews().size() == strips, "a closed switcher has its strips alone");
   return 0;
 }

@@ -2,18 +2,30 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <sstream>
+#include <string>
+#include <vector>
 
 #include "fuzz/promise.h"
 #include "host/script_parser.h"
 
 namespace {
 
+std::vector<host::ScriptWord> quotedWords(const std::string& line) {
+  try {
+    return host::splitScriptLine(line);
+  } catch (const host::BadScriptLine&) {
+    fuzz::require(false, "words in quotes are a line");
+    return {};
+  }
+}
+
 void checkWords(const std::string& line) {
   const std::vector<host::ScriptWord> words = host::splitScriptLine(line);
   std::string quoted;
   for (const host::ScriptWord& word : words) quoted += fmt::format("\"{}\" ", word.text);
-  const auto again = [&quoted]() noexcept { return host::splitScriptLine(quoted); }();
+  const std::vector<host::ScriptWord> again = quotedWords(quoted);
   const auto sameText = [](const host::ScriptWord& one, const host::ScriptWord& other) {
     return one.text == other.text;
   };
@@ -21,11 +33,19 @@ void checkWords(const std::string& line) {
                 "words in quotes are the same words");
 }
 
+/// Whatever a text consists of, but for the quotes that would end it and the NUL that no line has.
+void checkText(std::string text) {
+  std::erase_if(text, [](char character) { return character == '"' || character == '\0'; });
+  const std::vector<host::ScriptWord> words = quotedWords(fmt::format("\"{}\"", text));
+  fuzz::require(words.size() == 1 && words.front().text == text, "a text in quotes is one word");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   std::istringstream script(std::string(bytes, bytes + size));
   for (std::string line; std::getline(script, line);) {
+    checkText(line);
     try {
       checkWords(line);
       host::parseScriptLine(line);

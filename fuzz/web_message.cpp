@@ -1,5 +1,5 @@
-// Messages of a page to a device in real time, one a line: what is no message closes the connection,
-// everything else is done or answered, and all that goes down is JSON.
+// Messages of a page to a running device, one a line, in virtual time: what is no message closes the
+// connection, everything else is done or answered, and all that goes down is JSON.
 
 #include <sstream>
 

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "monkey/device_files.h"
 #include "monkey/setting_values.h"
 #include "tests/support/test_device.h"
 
@@ -18,27 +19,28 @@ constexpr const char* models[] = {"iphone-3gs", "iphone-3gs", "iphone-3gs", "iph
 constexpr const char* orientations[] = {"PORTRAIT",       "PORTRAIT",        "PORTRAIT",
                                         "LANDSCAPE_LEFT", "LANDSCAPE_RIGHT", "PORTRAIT_UPSIDE_DOWN",
                                         "FACE_UP",        "FACE_DOWN"};
-constexpr const char* files[] = {"preferences", "apps", "recents", "grab-picture", "home-picture"};
-constexpr const char* faults[] = {"remove",       "restore",     "restore",    "restore",
-                                  "spoil-folder", "spoil-empty", "spoil-noise"};
+constexpr const char* fileChanges[] = {"remove",       "restore",     "restore",    "restore",
+                                       "spoil-folder", "spoil-empty", "spoil-noise"};
 
-std::string bootLine(Dice& dice, const host::DeviceModel& model) {
+std::string bootLine(Random& random, const host::DeviceModel& model) {
   std::string line = "boot " + model.name;
-  if (dice.chance(20)) line += " locked";
-  if (dice.chance(60)) line += " names";
-  if (dice.chance(85)) line += " activator";
+  if (random.chance(20)) line += " locked";
+  if (random.chance(60)) line += " names";
+  if (random.chance(85)) line += " activator";
   return line;
 }
 
 }  // namespace
 
 EventGenerator::EventGenerator(std::uint64_t seed)
-    : dice_(seed), model_(*host::findDeviceModel(dice_.oneOf(models))), boot_(bootLine(dice_, model_)) {}
+    : random_(seed),
+      model_(*host::findDeviceModel(random_.oneOf(models))),
+      boot_(bootLine(random_, model_)) {}
 
 std::string EventGenerator::next() {
   if (planned_.empty()) {
     plan();
-  } else if (dice_.chance(percentInBetween)) {
+  } else if (random_.chance(percentInBetween)) {
     std::deque<std::string> rest;
     rest.swap(planned_);
     plan();
@@ -60,14 +62,14 @@ void EventGenerator::plan() {
       {8, &EventGenerator::planApplication}, {6, &EventGenerator::planButton},
       {2, &EventGenerator::planTurn},        {2, &EventGenerator::planKeyboard},
       {10, &EventGenerator::planActivator},  {8, &EventGenerator::planSetting},
-      {1, &EventGenerator::planDisabledApp}, {1, &EventGenerator::planFault},
+      {1, &EventGenerator::planDisabledApp}, {1, &EventGenerator::planFileChange},
       {4, &EventGenerator::planLooks},       {4, &EventGenerator::planOrder}};
   static constexpr int total = [] {
     int sum = 0;
     for (const Choice& choice : choices) sum += choice.weight;
     return sum;
   }();
-  int roll = dice_.below(total);
+  int roll = random_.below(total);
   auto choice = std::begin(choices);
   while (roll >= choice->weight) roll -= (choice++)->weight;
   (this->*choice->plan)();
@@ -79,58 +81,84 @@ void EventGenerator::touch(const char* action, CGPoint point, int finger) {
   say(fmt::format("touch {} {} {} --finger {}", action, point.x, point.y, finger));
 }
 
+// One choice a statement throughout: the order of a call's arguments is the compiler's.
+
 CGPoint EventGenerator::anywhere() {
-  return {dice_.between(0, model_.size.width), dice_.between(0, model_.size.height)};
+  const float x = random_.between(0, model_.size.width);
+  const float y = random_.between(0, model_.size.height);
+  return {x, y};
 }
 
-/// In from an edge, the left or the right one mostly, in a few moves; perhaps it rests, wanders about or goes
-/// to an end of the screen before it lifts, is taken away or stays.
-void EventGenerator::planEdgeSwipe() {
-  constexpr float grabbed = 4;  // Points from the edge.
+/// Mostly where a swipe can open the switcher, at the right edge more often than at the left one.
+CGPoint EventGenerator::atAnEdge() {
+  constexpr float grabbed = 4;       // Points from the edge.
+  constexpr float clearOfEnds = 90;  // Points from top and bottom.
+  constexpr int percentClear = 70, percentTop = 5, percentBottom = 5, percentLeft = 25;
   const auto [width, height] = model_.size;
-  const int finger = dice_.chance(90) ? 0 : dice_.below(fingers);
-  constexpr float clearOfEnds = 90;
-  CGPoint at = anywhere();
-  if (dice_.chance(70)) at.y = dice_.between(clearOfEnds, height - clearOfEnds);
-  const int edge = dice_.below(100);
-  if (edge < 5) {
-    at.y = 0;
-  } else if (edge < 10) {
-    at.y = height;
-  } else if (edge < 35) {
-    at.x = dice_.between(0, grabbed);
+  CGPoint point = anywhere();
+  if (random_.chance(percentClear)) point.y = random_.between(clearOfEnds, height - clearOfEnds);
+  const int edge = random_.below(100);
+  if (edge < percentTop) {
+    point.y = 0;
+  } else if (edge < percentTop + percentBottom) {
+    point.y = height;
+  } else if (edge < percentTop + percentBottom + percentLeft) {
+    point.x = random_.between(0, grabbed);
   } else {
-    at.x = dice_.between(width - grabbed, width);
+    point.x = random_.between(width - grabbed, width);
   }
-  touch("down", at, finger);
-  const CGPoint end = dice_.chance(60) ? CGPoint{dice_.between(0, width), at.y} : anywhere();
-  const int moves = 1 + dice_.below(6);
+  return point;
+}
+
+void EventGenerator::pull(int finger, CGPoint from, CGPoint to) {
+  const int moves = 1 + random_.below(6);
   for (int move = 1; move <= moves; ++move) {
     const float share = static_cast<float>(move) / static_cast<float>(moves);
-    pass(dice_.chance(50) ? frame : dice_.between(0, 0.1f));
-    touch("move", {at.x + (end.x - at.x) * share, at.y + (end.y - at.y) * share}, finger);
+    pass(random_.chance(50) ? frame : random_.between(0, 0.1f));
+    touch("move", {from.x + (to.x - from.x) * share, from.y + (to.y - from.y) * share}, finger);
   }
-  CGPoint last = end;
-  for (int wandering = dice_.below(4); wandering > 0; --wandering) {
-    pass(dice_.between(0, 0.5f));
+}
+
+/// Up to three times it rests and goes elsewhere, now and then to an end of the screen.
+CGPoint EventGenerator::wander(int finger, CGPoint from) {
+  constexpr int percentToAnEnd = 30;
+  CGPoint last = from;
+  for (int times = random_.below(4); times > 0; --times) {
+    pass(random_.between(0, 0.5f));
     last = anywhere();
-    if (dice_.chance(30)) last.y = dice_.chance(50) ? 0 : height;
+    if (random_.chance(percentToAnEnd)) last.y = random_.chance(50) ? 0 : model_.size.height;
     touch("move", last, finger);
   }
-  if (dice_.chance(80)) touch(dice_.chance(85) ? "up" : "cancel", last, finger);
+  return last;
+}
+
+/// In from an edge; in the end the finger lifts, is taken away or stays.
+void EventGenerator::planEdgeSwipe() {
+  constexpr int percentFirstFinger = 90, percentLevel = 60, percentGone = 80, percentLifted = 85;
+  const int finger = random_.chance(percentFirstFinger) ? 0 : random_.below(fingers);
+  const CGPoint from = atAnEdge();
+  CGPoint to = anywhere();
+  if (random_.chance(percentLevel)) to.y = from.y;
+  touch("down", from, finger);
+  pull(finger, from, to);
+  const CGPoint last = wander(finger, to);
+  if (!random_.chance(percentGone)) return;
+  touch(random_.chance(percentLifted) ? "up" : "cancel", last, finger);
 }
 
 void EventGenerator::planTap() {
   const CGPoint point = anywhere();
-  const int finger = dice_.below(fingers);
+  const int finger = random_.below(fingers);
   touch("down", point, finger);
-  if (dice_.chance(50)) pass(dice_.between(0, 1));
+  if (random_.chance(50)) pass(random_.between(0, 1));
   touch("up", point, finger);
 }
 
 void EventGenerator::planFinger() {
   static constexpr const char* actions[] = {"down", "down", "move", "move", "move", "up", "up", "cancel"};
-  touch(dice_.oneOf(actions), anywhere(), dice_.below(fingers));
+  const char* action = random_.oneOf(actions);
+  const CGPoint point = anywhere();
+  touch(action, point, random_.below(fingers));
 }
 
 // Time.
@@ -139,13 +167,13 @@ void EventGenerator::pass(float seconds) { say(fmt::format("wait {}", seconds));
 
 void EventGenerator::planWait() {
   constexpr float longest = 3;
-  switch (dice_.below(4)) {
+  switch (random_.below(4)) {
     case 0:
       return pass(frame);
     case 1:
-      return pass(dice_.between(0, 0.6f));
+      return pass(random_.between(0, 0.6f));
     case 2:
-      return pass(dice_.between(0, longest));
+      return pass(random_.between(0, longest));
     default:
       return pass(longest);
   }
@@ -154,48 +182,51 @@ void EventGenerator::planWait() {
 // The device.
 
 void EventGenerator::planApplication() {
-  const char* verb = dice_.chance(75) ? "launch" : "terminate";
-  say(fmt::format("{} {}", verb, dice_.oneOf(vistrel::test::testBundles)));
+  const char* verb = random_.chance(75) ? "launch" : "terminate";
+  say(fmt::format("{} {}", verb, random_.oneOf(vistrel::test::testBundles)));
 }
 
 void EventGenerator::planButton() {
   static constexpr const char* buttons[] = {"button HOME", "button HOME", "button LOCK", "unlock", "unlock"};
-  say(dice_.oneOf(buttons));
+  say(random_.oneOf(buttons));
 }
 
-void EventGenerator::planTurn() { say(fmt::format("rotate {}", dice_.oneOf(orientations))); }
+void EventGenerator::planTurn() { say(fmt::format("rotate {}", random_.oneOf(orientations))); }
 
-void EventGenerator::planKeyboard() { say(dice_.chance(50) ? "keyboard show" : "keyboard hide"); }
+void EventGenerator::planKeyboard() { say(random_.chance(50) ? "keyboard show" : "keyboard hide"); }
 
 void EventGenerator::planActivator() {
   static constexpr const char* kinds[] = {"receive", "receive", "abort", "deactivate"};
-  say(fmt::format("activator {}", dice_.oneOf(kinds)));
+  say(fmt::format("activator {}", random_.oneOf(kinds)));
 }
 
 // Files.
 
 void EventGenerator::planSetting() {
-  if (dice_.chance(10)) return say("notify-post com.zantric.vistrel.prefsChanged");
-  const std::string key = randomSettingKey(dice_);
-  say(fmt::format("set preferences {} {}", key, randomSettingValue(key, dice_)));
+  if (random_.chance(10)) return say("notify-post com.zantric.vistrel.prefsChanged");
+  const std::string key = randomSettingKey(random_);
+  say(fmt::format("set preferences {} {}", key, randomSettingValue(key, random_)));
 }
 
 void EventGenerator::planDisabledApp() {
-  const char* value = dice_.chance(25) ? "<true/>" : "<false/>";
-  say(fmt::format("set apps ALValue-{} {}", dice_.oneOf(vistrel::test::testBundles), value));
+  const char* value = random_.chance(25) ? "<true/>" : "<false/>";
+  say(fmt::format("set apps ALValue-{} {}", random_.oneOf(vistrel::test::testBundles), value));
 }
 
 /// Without somebody who does so a device soon stays locked, turned or broken.
 void EventGenerator::planOrder() { say("put-in-order"); }
 
-void EventGenerator::planFault() { say(fmt::format("{} {}", dice_.oneOf(faults), dice_.oneOf(files))); }
+void EventGenerator::planFileChange() {
+  const char* change = random_.oneOf(fileChanges);
+  say(fmt::format("{} {}", change, random_.oneOf(deviceFiles()).name));
+}
 
 // Pictures.
 
 /// The second look comes soon, when perhaps nothing has changed.
 void EventGenerator::planLooks() {
   say("look");
-  switch (dice_.below(3)) {
+  switch (random_.below(3)) {
     case 0:
       planFinger();
       break;

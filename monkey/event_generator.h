@@ -4,7 +4,7 @@
 #include <string>
 
 #include "host/device_model.h"
-#include "monkey/dice.h"
+#include "monkey/random.h"
 #include "platform/coregraphics/cg_geometry.h"
 
 namespace monkey {
@@ -27,6 +27,10 @@ class EventGenerator {
   void touch(const char* action, CGPoint point, int finger);
   void pass(float seconds);
   CGPoint anywhere();
+  CGPoint atAnEdge();
+  void pull(int finger, CGPoint from, CGPoint to);
+  /// Where the finger is in the end.
+  CGPoint wander(int finger, CGPoint from);
 
   // Each plans one event or several that belong together.
   void plan();
@@ -41,11 +45,11 @@ class EventGenerator {
   void planActivator();
   void planSetting();
   void planDisabledApp();
-  void planFault();
+  void planFileChange();
   void planLooks();
   void planOrder();
 
-  Dice dice_;
+  Random random_;
   const host::DeviceModel& model_;
   std::string boot_;
   std::deque<std::string> planned_;

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <map>
 #include <string>
 
 #include "host/spring_board.h"
+#include "monkey/event.h"
+#include "platform/coregraphics/cg_geometry.h"
 #include "strips/card_dragger.h"
 #include "strips/name_dragger.h"
 #include "switcher/card_scroller.h"
@@ -14,31 +17,30 @@ namespace monkey {
 /// Some of it is about changes, so this looks on from boot to the end.
 class Invariants {
  public:
-  /// Of the device that has just booted.
+  /// Of the device that has just booted, which has made the window and its icon strip.
   explicit Invariants(const host::SpringBoard& springBoard);
 
-  /// After the event of that line. Throws Broken.
-  void check(const std::string& line);
+  /// After that event. Throws InvariantViolation.
+  void check(const Event& event);
 
  private:
-  void checkSwitcher();
   void checkReferences() const;
-  void checkClosed();
+  void checkClosed(const Event& event);
   void checkOpen() const;
   void checkPlace();
-  void checkVisibility();
+  void checkVisibility(const Event& event);
   void checkStrips() const;
   void checkScreen() const;
   void checkRest() const;
 
   const host::SpringBoard& springBoard_;
+  std::map<std::string, std::string> appNames_;  // By bundle identifier.
 
-  // The one window and its strips, as the boot left them; null where it made none.
-  vistrel::CardScroller* window_;
-  vistrel::CardDragger* iconStrip_;
-  vistrel::NameDragger* nameStrip_;
+  // As the boot left them.
+  vistrel::CardScroller& window_;
+  vistrel::CardDragger& iconStrip_;
+  vistrel::NameDragger* nameStrip_;  // Null where names were off.
 
-  std::string verb_;             // Of the event just performed.
   CGRect frame_;                 // The window's, an event ago.
   bool wasOpen_ = false;         // An event ago.
   bool isHeldAside_ = false;     // The way the device was last held that is not flat was landscape.

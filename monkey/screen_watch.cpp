@@ -1,6 +1,6 @@
 #include "monkey/screen_watch.h"
 
-#include "monkey/broken.h"
+#include "monkey/invariant_violation.h"
 #include "platform/quartzcore/screen_changes.h"
 #include "platform/uikit/display.h"
 #include "platform/uikit/ui_window.h"
@@ -23,12 +23,13 @@ void ScreenWatch::look() {
   const CGImageRef picture = UIGetScreenImage();
   if (isUnchanged) {
     ++looksAtUnchanged_;
-    if (!CGImage::samePixels(*picture, *picture_)) throw Broken("the picture changed unannounced");
+    if (!CGImage::samePixels(*picture, *picture_))
+      throw InvariantViolation("the picture changed unannounced");
   }
   for (UIWindow* window : UIWindow::allWindows()) drawContentAfresh(window->layer());
   picture_ = UIGetScreenImage();
   if (!CGImage::samePixels(*picture, *picture_))
-    throw Broken("kept content differs from content drawn afresh");
+    throw InvariantViolation("kept content differs from content drawn afresh");
   changes_ = screenChangeCount();
   time_ = now;
 }

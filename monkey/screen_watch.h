@@ -11,7 +11,7 @@ namespace monkey {
 /// and what layers keep of their content is what they would draw now.
 class ScreenWatch {
  public:
-  /// Throws Broken.
+  /// Throws InvariantViolation.
   void look();
 
   int looks() const { return looks_; }

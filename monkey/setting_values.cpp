@@ -73,30 +73,30 @@ std::string fragmentOf(const PropertyList& value) {
 
 std::string text(std::string_view content) { return fmt::format("<string>{}</string>", content); }
 
-std::string legalValue(const std::string& key, Dice& dice) {
-  if (auto words = wordsByKey.find(key); words != wordsByKey.end()) return text(dice.oneOf(words->second));
+std::string legalValue(const std::string& key, Random& random) {
+  if (auto words = wordsByKey.find(key); words != wordsByKey.end()) return text(random.oneOf(words->second));
   const PropertyList* byDefault = find(defaults(), key);
-  if (!byDefault) return text(dice.oneOf(test::testBundles));
+  if (!byDefault) return text(random.oneOf(test::testBundles));
   if (auto* flag = byDefault->as<bool>()) {
-    const bool isSet = dice.chance(percentDefault) ? *flag : !*flag;
+    const bool isSet = random.chance(percentDefault) ? *flag : !*flag;
     return isSet ? "<true/>" : "<false/>";
   }
-  if (byDefault->as<std::int64_t>()) return fmt::format("<integer>{}</integer>", dice.below(60));
-  if (byDefault->as<double>()) return fmt::format("<real>{}</real>", dice.between(0.1f, 1.5f));
+  if (byDefault->as<std::int64_t>()) return fmt::format("<integer>{}</integer>", random.below(60));
+  if (byDefault->as<double>()) return fmt::format("<real>{}</real>", random.between(0.1f, 1.5f));
   static const std::string colors[] = {fragmentOf(test::archived(1, 0, 0)),
                                        fragmentOf(test::archived(0, 0.5f, 1))};
-  return dice.oneOf(colors);
+  return random.oneOf(colors);
 }
 
 }  // namespace
 
-std::string randomSettingKey(Dice& dice) {
-  if (dice.chance(15)) return std::string(dice.oneOf(favouriteKeys));
-  return std::next(defaults().begin(), dice.below(static_cast<int>(defaults().size())))->first;
+std::string randomSettingKey(Random& random) {
+  if (random.chance(15)) return std::string(random.oneOf(favouriteKeys));
+  return std::next(defaults().begin(), random.below(static_cast<int>(defaults().size())))->first;
 }
 
-std::string randomSettingValue(const std::string& key, Dice& dice) {
-  return dice.chance(percentLegal) ? legalValue(key, dice) : dice.oneOf(anyValues);
+std::string randomSettingValue(const std::string& key, Random& random) {
+  return random.chance(percentLegal) ? legalValue(key, random) : random.oneOf(anyValues);
 }
 
 }  // namespace monkey

@@ -1,13 +1,14 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
-#include "monkey/life.h"
+#include "monkey/event_sequence.h"
 
 namespace monkey {
 
-/// Leaves out whatever is not needed for a life to fail with `failure`, as far as a few hundred trials go.
-/// Its last event is the one that fails.
-Life shrink(Life life, const std::string& failure);
+/// Leaves out whatever is not needed for a sequence to fail with `failure`, as far as some hundred runs or
+/// some minutes go. Its last event is then the one that fails. Nothing when it does not fail a second time.
+std::optional<EventSequence> shrink(EventSequence sequence, const std::string& failure);
 
 }  // namespace monkey

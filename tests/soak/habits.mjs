@@ -109,8 +109,8 @@ async function lookAway({ protocol, dice }) {
 }
 
 /** A page that does nothing for a while, with everything still arriving. */
-async function beStuck({ page, dice }) {
-  await page.evaluate((milliseconds) => alert(milliseconds), Math.round(dice.between(1000, 5000)));
+async function beStuck(visitor) {
+  await visitor.stall(visitor.dice.between(1000, 5000));
 }
 
 export async function respring({ device }) {

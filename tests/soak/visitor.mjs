@@ -9,6 +9,7 @@ const interval = 50;
 const slownesses = [1, 1, 1, 4]; // How many times slower than this machine theirs may be.
 const [shortestStay, longestStay] = [6_000, 20_000]; // Milliseconds.
 const [shortestThought, longestThought] = [200, 1_500]; // Between two things that they do.
+const centre = [160, 240]; // Of the screen, in points.
 const rude = 0.3; // The share of those who go with a finger down, and of those whose page is killed.
 
 /** Waits for `done`, and says in the error, if there is one, what was being done. */
@@ -17,12 +18,10 @@ async function doing(what, done) {
 }
 
 export class Visitor {
-  static arrived = 0; // So many there were.
-  static pictures = 0; // So many they have received.
-
-  static async arrive({ browser, springboard }, dice) {
+  /** `tally` counts, for all of them, their `visits` and the `pictures` that they have received. */
+  static async arrive({ browser, springboard }, dice, tally) {
     const visitor = new Visitor();
-    visitor.dice = dice;
+    Object.assign(visitor, { dice, tally });
     const opening = DevicePage.open(browser, springboard.address, {}, async (page) => {
       visitor.page = page;
       visitor.protocol = await page.context().newCDPSession(page);
@@ -31,11 +30,10 @@ export class Visitor {
         addEventListener('picture', () => { window.pictures += 1; }, true);
       });
       page.on('console', (line) => { visitor.complaint ??= line.text().match(/^Picture .*/)?.[0]; });
-      page.on('dialog', (dialog) => pause(Number(dialog.message())).then(() => dialog.dismiss()));
     });
     visitor.device = await doing('opening the page', opening);
     await visitor.protocol.send('Emulation.setCPUThrottlingRate', { rate: dice.pick(slownesses) });
-    Visitor.arrived += 1;
+    tally.visits += 1;
     return visitor;
   }
 
@@ -68,13 +66,19 @@ export class Visitor {
     });
   }
 
+  /** Stops the page for so long, by a dialog that nobody closes before. */
+  async stall(milliseconds) {
+    this.page.once('dialog', (dialog) => pause(milliseconds).then(() => dialog.dismiss()));
+    await this.page.evaluate(() => alert());
+  }
+
   async reload() {
     await this.#countPictures();
     await this.device.reload();
   }
 
   async leave() {
-    if (this.dice.between(0, 1) < rude) await this.device.finger().down(160, 240);
+    if (this.dice.between(0, 1) < rude) await this.device.finger().down(...centre);
     await this.#countPictures();
     if (this.dice.between(0, 1) < rude) await this.#crash();
     await this.device.close();
@@ -82,7 +86,7 @@ export class Visitor {
   }
 
   async #countPictures() {
-    Visitor.pictures += await this.page.evaluate(() => window.pictures);
+    this.tally.pictures += await this.page.evaluate(() => window.pictures);
   }
 
   async #crash() {
