@@ -52,7 +52,13 @@ int verdictPipe;                               // Of the rehearsing process.
   const rlimit noDump{};
   ::setrlimit(RLIMIT_CORE, &noDump);
   std::set_terminate(endWithException);
-  if (::dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL)) endWith(loaded);
+  // The linker's function is declared to throw nothing, and compilers believe it: no handler would be kept.
+  void* (*volatile load)(const char*, int) = ::dlopen;
+  try {
+    if (load(library.c_str(), RTLD_NOW | RTLD_LOCAL)) endWith(loaded);
+  } catch (...) {
+    endWithException();
+  }
   const char* reason = ::dlerror();
   endWith(reason ? reason : "cannot be loaded");
 }
