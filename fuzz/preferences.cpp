@@ -4,6 +4,7 @@
 
 #include "fuzz/promise.h"
 #include "platform/uikit/display.h"
+#include "prefs/preference_files.h"
 #include "prefs/settings.h"
 #include "strips/card_dragger.h"
 #include "switcher/card_scroller.h"
@@ -17,8 +18,6 @@ namespace {
 using namespace vistrel;
 
 constexpr std::string_view divider = "\n--\n";  // Behind it begins the apps file.
-constexpr const char* preferences = "com.zantric.vistrel.plist";
-constexpr const char* apps = "com.zantric.vistrel-apps.plist";
 constexpr float splitPoint = 200;
 constexpr std::size_t strips = 2;                // Icons and names.
 constexpr double instant = 0.1, longEnough = 3;  // Seconds: into an animation, and beyond it.
@@ -42,9 +41,8 @@ void forgetSettings() {
   switcherWindow->setRecentIDs(recents);
 }
 
-void writeFile(const char* name, std::string_view contents) {
-  const auto file = device().root() / "var/mobile/Library/Preferences" / name;
-  std::ofstream(file, std::ios::binary).write(contents.data(), std::ssize(contents));
+void writeFile(const char* devicePath, std::string_view contents) {
+  std::ofstream(device().pathOf(devicePath), std::ios::binary).write(contents.data(), std::ssize(contents));
 }
 
 void checkGeometry(const UIView& view) {
@@ -59,8 +57,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   const std::size_t middle = input.find(divider);
   device();
   forgetSettings();
-  writeFile(preferences, input.substr(0, middle));
-  writeFile(apps, middle == input.npos ? "" : input.substr(middle + divider.size()));
+  writeFile(preferencesPath, input.substr(0, middle));
+  writeFile(appsPath, middle == input.npos ? "" : input.substr(middle + divider.size()));
   device().postChange();
   checkGeometry(*switcherWindow);
 

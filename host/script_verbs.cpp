@@ -61,13 +61,14 @@ void ScriptVerbs::run(const DescribeAllCommand& command) {
   if (command.file) {
     MachineFile(*command.file).write(jsonPage(description));
   } else {
-    print(jsonLine(description));
+    print(output_, jsonLine(description));
   }
 }
 
 void ScriptVerbs::run(const ListAppsCommand&) {
   for (const AppListing& app : springBoard_.applications()) {
-    print(fmt::format("{} | {} | {}\n", app.bundle, app.name, app.running ? "running" : "not running"));
+    print(output_,
+          fmt::format("{} | {} | {}\n", app.bundle, app.name, app.running ? "running" : "not running"));
   }
 }
 
@@ -81,7 +82,5 @@ void ScriptVerbs::settle() {
   time_.advanceWhile([this] { return springBoard_.busy(); }, longestSettling);
   if (springBoard_.busy()) throw Failure(fmt::format("still under way after {} s", longestSettling));
 }
-
-void ScriptVerbs::print(const std::string& text) { host::print(output_, text); }
 
 }  // namespace host

@@ -39,7 +39,6 @@ class ScriptVerbs {
 
   /// Lets time pass until the request just made has been met.
   void settle();
-  void print(const std::string& text);
 
   SpringBoard& springBoard_;
   std::ostream& output_;

@@ -13,11 +13,10 @@ constexpr std::size_t largestCompressed = 32 << 20;
 CGImageRef decodeImage(const NSData& data, int* exifOrientation, std::uint32_t largestSide) {
   int orientation = exifOrientationUp;
   CGImageRef image;
-  if (data.size() > largestCompressed) {
-    // No picture.
-  } else if (isPng(data)) {
+  const bool isWorthReading = data.size() <= largestCompressed;
+  if (isWorthReading && isPng(data)) {
     image = decodePng(data, largestSide);
-  } else if (isJpeg(data)) {
+  } else if (isWorthReading && isJpeg(data)) {
     image = decodeJpeg(data, orientation, largestSide);
   }
   if (exifOrientation) *exifOrientation = image ? orientation : exifOrientationUp;

@@ -23,8 +23,8 @@ constexpr unsigned maxMarkerLength = 0xFFFF;
 /// Real progressive pictures have about ten; a small file of thousands would keep the decoder busy for
 /// minutes.
 constexpr int maxScans = 100;
-constexpr std::int64_t maxScannedPixels = 512ll
-                                          << 20;  // Of all scans; every one goes over the whole picture.
+/// Of all scans; every one goes over the whole picture.
+constexpr std::int64_t maxScannedPixels = 512ll << 20;
 constexpr int cmykComponents = 4;
 constexpr int maxComponent = 255;
 constexpr std::size_t outputChunk = 16384;

@@ -145,8 +145,10 @@ std::optional<NSData> NSFileManager::contents(std::string_view devicePath) const
 
 bool NSFileManager::write(std::string_view devicePath, const NSData& data, Writing writing) {
   const auto path = resolve(devicePath);
-  if (!path || *path == root_) return false;
   std::error_code error;
+  const bool isBelowRoot =
+      path && *path != root_ && fs::is_directory(root_, error);  // It may have been removed.
+  if (!isBelowRoot) return false;
   const fs::file_status status = fs::status(*path, error);
   if (fs::exists(status) && !fs::is_regular_file(status)) return false;
   fs::create_directories(path->parent_path(), error);

@@ -47,6 +47,8 @@ TEST_F(FileManager, WritingReplacesTheWholeFileAlsoThroughALink) {
     for (auto path : {"/a/b", "/a/b/file/below"}) EXPECT_FALSE(files().write(path, bytes("x"), writing));
   }
   EXPECT_EQ(files().contentsOfDirectory("/a/b"), std::vector<std::string>{"file"});
+  fs::remove_all(root());
+  EXPECT_FALSE(files().write("/file", bytes("x"), Writing::Atomic) || fs::exists(root()));
 }
 
 TEST_F(FileManager, WhatIsNoFileIsNeitherReadNorWrittenNorWaitedFor) {
