@@ -115,8 +115,12 @@ void concatTransform(cairo_t* cairo, CGAffineTransform transform) {
 }
 
 void drawImageInto(cairo_t* cairo, const CGImageRef& image, CGRect rect, CGFloat alpha) {
+  drawImagePart(cairo, image, rect, rect, alpha);
+}
+
+void drawImagePart(cairo_t* cairo, const CGImageRef& image, CGRect rect, CGRect area, CGFloat alpha) {
   // Padding keeps the edges from fading into what is around the picture.
-  drawPattern(cairo, image, rect, rect, alpha, CAIRO_EXTEND_PAD);
+  drawPattern(cairo, image, rect, area, alpha, CAIRO_EXTEND_PAD);
 }
 
 void drawImageTiled(cairo_t* cairo, const CGImageRef& image, CGRect tile, CGRect area, CGFloat alpha) {

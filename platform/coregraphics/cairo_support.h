@@ -53,5 +53,8 @@ void concatTransform(cairo_t* cairo, CGAffineTransform transform);
 /// otherwise. Null, or a rectangle that is empty or not finite, draws nothing.
 void drawImageInto(cairo_t* cairo, const CGImageRef& image, CGRect rect, CGFloat alpha = 1);
 
+/// The same, without what falls outside of `area`.
+void drawImagePart(cairo_t* cairo, const CGImageRef& image, CGRect rect, CGRect area, CGFloat alpha = 1);
+
 /// Fills `area` with copies of `image`, each of the size of `tile`, of which one lies on `tile`.
 void drawImageTiled(cairo_t* cairo, const CGImageRef& image, CGRect tile, CGRect area, CGFloat alpha = 1);

@@ -79,8 +79,12 @@ CGImageRef CGImage::create(int width, int height, CGPixelFormat format, std::siz
   return CGImageRef(new CGImage(width, height, format, bytesPerRow, std::move(pixels), offset));
 }
 
+bool CGImage::isOpaque() const { return !hasAlpha(format_); }
+
+bool CGImage::isInScreenLayout() const { return isInScreenFormat(row(0), bytesPerRow_, format_); }
+
 CGImageRef CGImage::inScreenFormat(const CGImageRef& self) {
-  if (!self || isInScreenFormat(self->row(0), self->bytesPerRow_, self->format_)) return self;
+  if (!self || self->isInScreenLayout()) return self;
   const CGPixelFormat screen = screenFormatFor(self->format_);
   const std::size_t bytesPerRow = bytesInRow(self->width_, screen);
   auto pixels = std::make_shared<std::vector<std::uint8_t>>(bytesPerRow * std::size_t(self->height_));

@@ -53,6 +53,11 @@ class CGImage {
   std::size_t bytesPerRow() const { return bytesPerRow_; }
   const std::uint8_t* row(int y) const { return pixels_->data() + offset_ + std::size_t(y) * bytesPerRow_; }
 
+  bool isOpaque() const;
+  /// Whether the pixels are words as the screen has them: 0xAARRGGBB, premultiplied or, opaque, with anything
+  /// in place of alpha.
+  bool isInScreenLayout() const;
+
   /// The same pixels as a 32-bit picture in screen layout; `self` when it is one already.
   static CGImageRef inScreenFormat(const CGImageRef& self);
 

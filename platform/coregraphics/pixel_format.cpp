@@ -10,11 +10,6 @@ constexpr std::size_t wordBytes = 4;
 
 bool isGray(const CGPixelFormat& format) { return format.colorSpace == CGColorSpace::DeviceGray; }
 
-bool hasAlpha(const CGPixelFormat& format) {
-  return format.bitmapInfo == kCGImageAlphaPremultipliedLast ||
-         format.bitmapInfo == kCGImageAlphaPremultipliedFirstLittle;
-}
-
 bool isScreenLayout(CGBitmapInfo info) {
   return info == kCGImageAlphaPremultipliedFirstLittle || info == kCGImageAlphaNoneSkipFirstLittle;
 }
@@ -48,6 +43,11 @@ void convertToGray(const std::uint8_t* from, ColorBytes bytes, std::uint8_t* to,
 }
 
 }  // namespace
+
+bool hasAlpha(const CGPixelFormat& format) {
+  return format.bitmapInfo == kCGImageAlphaPremultipliedLast ||
+         format.bitmapInfo == kCGImageAlphaPremultipliedFirstLittle;
+}
 
 CGPixelFormat screenFormatFor(const CGPixelFormat& format) {
   CGPixelFormat screen;

@@ -4,6 +4,8 @@
 
 /// Layouts of pixels and conversion between them. Internal: no public header includes this one.
 
+bool hasAlpha(const CGPixelFormat& format);
+
 /// The 32-bit layout that Cairo draws with: the opaque one for formats without alpha.
 CGPixelFormat screenFormatFor(const CGPixelFormat& format);
 

@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/quartzcore/layer_cache.h"
+
 namespace {
+
+std::uint64_t layersMade = 0;
 
 CGFloat between(CGFloat from, CGFloat to, float progress) { return from + (to - from) * progress; }
 CGPoint between(CGPoint from, CGPoint to, float progress) {
@@ -29,9 +33,11 @@ bool hasArea(CGRect rect) { return rect.size.width > 0 && rect.size.height > 0; 
 
 }  // namespace
 
+CALayer::CALayer() : serial_(++layersMade) {}
+
 CALayer::~CALayer() {
   for (auto& sublayer : sublayers_) sublayer->superlayer_ = nullptr;
-  noteAnimations(-int(animations_.size()));
+  if (isAnimating()) noteAnimationsEnded(*this);
   for (auto& animation : animations_) animation.block->animationRemoved();
 }
 
@@ -43,15 +49,17 @@ void CALayer::change(Key key, T CALayerGeometry::*field, const T& value) {
   CAAnimationBlock* block = CAAnimationBlock::current();
   if (!block || !delegate_ || !(block->duration() > 0)) {
     removeAnimation(key);
-    assign(model_.*field, value);
+    model_.*field = value;
+    noteChange();
     return;
   }
   const CFTimeInterval now = RunLoop::main().now();
   const CALayerGeometry onScreen = presentationAt(now);
   removeAnimation(key);
+  if (!isAnimating()) noteAnimationsBegan(*this);
   animations_.push_back({key, onScreen, now, block->duration(), block->timing(), block->shared_from_this()});
-  noteAnimations(1);
-  assign(model_.*field, value);
+  model_.*field = value;
+  noteChange();
   block->animationAdded(std::static_pointer_cast<CALayer>(shared_from_this()));
 }
 
@@ -60,15 +68,38 @@ void CALayer::removeAnimation(Key key) {
   if (found == animations_.end()) return;
   auto block = std::move(found->block);
   animations_.erase(found);
-  noteAnimations(-1);
+  if (!isAnimating()) noteAnimationsEnded(*this);
   block->animationRemoved();
 }
 
 void CALayer::endAnimationsOf(const CAAnimationBlock& block) {
   const auto ended =
       std::erase_if(animations_, [&](const Animation& animation) { return animation.block.get() == &block; });
-  noteAnimations(-int(ended));
-  noteScreenChange();  // Its last moment on screen was short of the end.
+  if (ended > 0 && !isAnimating()) noteAnimationsEnded(*this);
+  noteChange();  // Its last moment on screen was short of the end.
+}
+
+void CALayer::noteChange() {
+  noteScreenChange();
+  noteChangeAt(screenChangeCount());
+}
+
+void CALayer::noteLooksChange() {
+  noteChange();
+  looksChangedAt_ = changedAt_;
+}
+
+/// As a change that is yet to come: later than any that a renderer has seen.
+void CALayer::noteMotion() { noteChangeAt(screenChangeCount() + 1); }
+
+void CALayer::noteChangeAt(std::uint64_t count) {
+  changedAt_ = count;
+  for (CALayer* layer = this; layer; layer = layer->superlayer_) layer->subtreeChangedAt_ = count;
+}
+
+LayerCache& CALayer::cache() const {
+  if (!cache_) cache_ = std::make_shared<LayerCache>();
+  return *cache_;
 }
 
 CALayerGeometry CALayer::presentationAt(CFTimeInterval time) const {
@@ -143,20 +174,28 @@ void CALayer::insertSublayer(std::shared_ptr<CALayer> layer, std::size_t index) 
   layer->superlayer_ = this;
   const auto place = std::min(index, sublayers_.size());
   sublayers_.insert(sublayers_.begin() + static_cast<std::ptrdiff_t>(place), std::move(layer));
-  noteScreenChange();
+  noteTreeChange();
+  noteChange();
 }
 
 void CALayer::removeFromSuperlayer() {
   if (!superlayer_) return;
   auto& siblings = superlayer_->sublayers_;
+  superlayer_->noteChange();
   superlayer_ = nullptr;
   auto place = std::ranges::find(siblings, this, &std::shared_ptr<CALayer>::get);
   const auto self = std::move(*place);  // May be the last to own this layer.
   siblings.erase(place);
-  noteScreenChange();
+  noteTreeChange();
 }
 
 // Content.
+
+/// Noted in any case: a view may have nothing to draw, and so leave the mark standing, until it has.
+void CALayer::setNeedsDisplay() {
+  needsDisplay_ = true;
+  noteLooksChange();
+}
 
 CGRect CALayer::contentBounds() const {
   if (hasArea(model_.bounds)) return model_.bounds;

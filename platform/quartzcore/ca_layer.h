@@ -1,5 +1,7 @@
 #pragma once
 
+#include <concepts>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -28,7 +30,11 @@ class CALayerDelegate {
 struct CAPattern {
   CGImageRef image;
   CGFloat scale = 1;  ///< Pixels of the picture to a point.
+  bool operator==(const CAPattern&) const = default;
 };
+
+/// What the renderer keeps of a layer's looks from frame to frame.
+struct LayerCache;
 
 /// The animatable part of a layer.
 struct CALayerGeometry {
@@ -48,7 +54,7 @@ struct CALayerGeometry {
 class CALayer : public NSObject {
   OBJC_CLASS(CALayer, NSObject)
  public:
-  CALayer() = default;
+  CALayer();
   ~CALayer() override;
 
   // Geometry, in points.
@@ -117,9 +123,9 @@ class CALayer : public NSObject {
   void removeFromSuperlayer();
 
   CALayerDelegate* delegate() const { return delegate_; }
-  void setDelegate(CALayerDelegate* delegate) { delegate_ = delegate; }
+  void setDelegate(CALayerDelegate* delegate) { assign(delegate_, delegate); }
   /// Has the delegate's content drawn afresh before the next frame.
-  void setNeedsDisplay() { assign(needsDisplay_, true); }
+  void setNeedsDisplay();
   /// The delegate's content as last drawn, at `scale` pixels a point; drawn now if it is out of date. Null
   /// when there is none.
   const CGImageRef& displayIfNeeded(CGFloat scale) const;
@@ -130,12 +136,24 @@ class CALayer : public NSObject {
   /// Called by the block that owns them: ends the animations of `block`.
   void endAnimationsOf(const CAAnimationBlock& block);
 
+  // For the renderer. When something last changed, as screenChangeCount() counted it.
+  std::uint64_t changedAt() const { return changedAt_; }                ///< This layer, its place included.
+  std::uint64_t looksChangedAt() const { return looksChangedAt_; }      ///< Its looks alone.
+  std::uint64_t subtreeChangedAt() const { return subtreeChangedAt_; }  ///< It, or a layer below it.
+  /// Has moved on with time: it and its superlayers count as changed, though nobody set anything.
+  void noteMotion();
+  std::uint64_t serial() const { return serial_; }  ///< No other layer has, or had, the same.
+  LayerCache& cache() const;
+
  protected:
   /// Sets a property of a layer's looks and notes that the screen may change. Nothing animates.
   template <class T>
   void assign(T& property, T value) {
+    if constexpr (std::equality_comparable<T>) {
+      if (property == value) return;
+    }
     property = std::move(value);
-    noteScreenChange();
+    noteLooksChange();
   }
 
  private:
@@ -155,6 +173,9 @@ class CALayer : public NSObject {
   template <class T>
   void change(Key key, T CALayerGeometry::*field, const T& value);
   void removeAnimation(Key key);
+  void noteChange();
+  void noteLooksChange();
+  void noteChangeAt(std::uint64_t count);
 
   CALayerGeometry model_;
   std::vector<Animation> animations_;  // At most one a key.
@@ -179,4 +200,7 @@ class CALayer : public NSObject {
   mutable CGImageRef drawn_;
   mutable CGSize drawnSize_;
   mutable CGFloat drawnScale_ = 0;
+  mutable std::shared_ptr<LayerCache> cache_;
+  std::uint64_t changedAt_ = 0, looksChangedAt_ = 0, subtreeChangedAt_ = 0;
+  const std::uint64_t serial_;
 };

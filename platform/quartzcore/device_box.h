@@ -12,6 +12,7 @@
 /// renderer.
 struct DeviceBox {
   double left = 0, top = 0, right = 0, bottom = 0;
+  bool operator==(const DeviceBox&) const = default;
 
   /// Also true of a box with an edge that is no number.
   bool empty() const { return !(left < right && top < bottom); }
@@ -30,6 +31,7 @@ struct DeviceBox {
   DeviceBox grown(double x, double y) const {
     return empty() ? *this : DeviceBox{left - x, top - y, right + x, bottom + y};
   }
+  DeviceBox moved(double x, double y) const { return {left + x, top + y, right + x, bottom + y}; }
   DeviceBox roundedOut() const {
     return {std::floor(left), std::floor(top), std::ceil(right), std::ceil(bottom)};
   }
@@ -59,6 +61,7 @@ inline DeviceBox boxThrough(const cairo_matrix_t& matrix, const DeviceBox& box) 
 /// How long a circle of radius 1 becomes along the device's axes.
 struct AxisScale {
   double x, y;
+  bool operator==(const AxisScale&) const = default;
 };
 inline AxisScale axisScale(const cairo_matrix_t& toDevice) {
   return {std::hypot(toDevice.xx, toDevice.xy), std::hypot(toDevice.yx, toDevice.yy)};

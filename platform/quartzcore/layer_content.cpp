@@ -1,5 +1,7 @@
 #include "platform/quartzcore/layer_content.h"
 
+#include <algorithm>
+
 #include "platform/quartzcore/ca_gradient_layer.h"
 
 namespace {
@@ -17,9 +19,13 @@ void drawBackground(cairo_t* cairo, const CALayer& layer, CGRect bounds, CGFloat
   cairo_fill(cairo);
 }
 
+bool canTile(const std::optional<CAPattern>& pattern) {
+  return pattern && pattern->image && pattern->scale > 0;
+}
+
 void drawPattern(cairo_t* cairo, const CALayer& layer, CGRect bounds, CGFloat opacity) {
   const auto& pattern = layer.backgroundPattern();
-  if (!pattern || !pattern->image || !(pattern->scale > 0)) return;
+  if (!canTile(pattern)) return;
   const CGSize tile{static_cast<CGFloat>(pattern->image->width()) / pattern->scale,
                     static_cast<CGFloat>(pattern->image->height()) / pattern->scale};
   cairo_save(cairo);
@@ -32,16 +38,16 @@ void drawPattern(cairo_t* cairo, const CALayer& layer, CGRect bounds, CGFloat op
 }
 
 /// What the delegate drew goes along while the bounds are resized. It comes in whole pixels.
-void drawDelegateContent(cairo_t* cairo, const CALayer& layer, CGRect bounds, CGFloat opacity,
-                         CGFloat scale) {
-  const CGImageRef& drawn = layer.displayIfNeeded(scale);
+void drawDelegateContent(cairo_t* cairo, const PlacedLayer& placed, CGFloat opacity) {
+  const CGImageRef& drawn = placed.layer.displayIfNeeded(placed.scale);
   if (!drawn) return;
-  const CGSize full = layer.contentBounds().size;
-  const CGFloat pixelWidth = bounds.size.width / full.width / scale;
-  const CGFloat pixelHeight = bounds.size.height / full.height / scale;
+  const CGRect bounds = placed.geometry.bounds;
+  const CGSize full = placed.layer.contentBounds().size;
+  const CGFloat pixelWidth = bounds.size.width / full.width / placed.scale;
+  const CGFloat pixelHeight = bounds.size.height / full.height / placed.scale;
   const CGSize size{static_cast<CGFloat>(drawn->width()) * pixelWidth,
                     static_cast<CGFloat>(drawn->height()) * pixelHeight};
-  drawImageInto(cairo, drawn, {bounds.origin, size}, opacity);
+  drawImagePart(cairo, drawn, {bounds.origin, size}, placed.area, opacity);
 }
 
 void drawGradient(cairo_t* cairo, const CAGradientLayer& layer, CGRect bounds, CGFloat opacity) {
@@ -64,13 +70,39 @@ void drawGradient(cairo_t* cairo, const CAGradientLayer& layer, CGRect bounds, C
 
 }  // namespace
 
-void drawLayerContent(cairo_t* cairo, const CALayer& layer, const CALayerGeometry& geometry, CGFloat opacity,
-                      CGFloat scale) {
-  const CGRect bounds = geometry.bounds;
-  drawBackground(cairo, layer, bounds, opacity);
-  drawPattern(cairo, layer, bounds, opacity);
-  drawImageInto(cairo, layer.contents(), bounds, opacity);
-  drawDelegateContent(cairo, layer, bounds, opacity, scale);
+ContentTraits contentTraits(const PlacedLayer& placed) {
+  const CALayer& layer = placed.layer;
+  const CGImageRef& drawn = layer.displayIfNeeded(placed.scale);
+  const auto gradient = dynamic_cast<const CAGradientLayer*>(&layer);
+  const CGFloat backgroundAlpha = layer.backgroundColor() ? layer.backgroundColor()->alpha : 0;
+  const bool hasPattern = canTile(layer.backgroundPattern());
+  const bool hasGradient = gradient && !gradient->colors().empty();
+  const bool square = !(layer.cornerRadius() > 0);
+
+  ContentTraits traits;
+  traits.pieces =
+      (backgroundAlpha > 0) + hasPattern + (layer.contents() != nullptr) + (drawn != nullptr) + hasGradient;
+
+  const bool contentsCopy =
+      !layer.contents() || (placed.contentsFit() && layer.contents()->isInScreenLayout());
+  const bool drawnCopies = !drawn || placed.geometry.bounds.size == layer.contentBounds().size;
+  traits.pixelByPixel = placed.onWholePixels && !hasPattern && !hasGradient &&
+                        (square || !(backgroundAlpha > 0)) && contentsCopy && drawnCopies;
+
+  const auto isOpaque = [](const CGColor& color) { return color.alpha >= 1; };
+  traits.opaque = (square && backgroundAlpha >= 1) ||
+                  (square && hasPattern && layer.backgroundPattern()->image->isOpaque()) ||
+                  (layer.contents() && layer.contents()->isOpaque()) ||
+                  (square && hasGradient && std::ranges::all_of(gradient->colors(), isOpaque));
+  return traits;
+}
+
+void drawLayerContent(cairo_t* cairo, const PlacedLayer& placed, CGFloat opacity) {
+  const CALayer& layer = placed.layer;
+  drawBackground(cairo, layer, placed.area, opacity);
+  drawPattern(cairo, layer, placed.area, opacity);
+  drawImagePart(cairo, layer.contents(), placed.contentsPlace(), placed.area, opacity);
+  drawDelegateContent(cairo, placed, opacity);
   if (auto gradient = dynamic_cast<const CAGradientLayer*>(&layer))
-    drawGradient(cairo, *gradient, bounds, opacity);
+    drawGradient(cairo, *gradient, placed.area, opacity);
 }

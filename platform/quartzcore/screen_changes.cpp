@@ -1,9 +1,17 @@
 #include "platform/quartzcore/screen_changes.h"
 
+#include <algorithm>
+
 namespace {
 
 std::uint64_t changeCount = 0;
-int animationCount = 0;
+std::uint64_t changeCountOfTrees = 0;
+
+/// Never destroyed: layers may outlive everything else and still speak up.
+std::vector<CALayer*>& animating() {
+  static auto& layers = *new std::vector<CALayer*>();
+  return layers;
+}
 
 }  // namespace
 
@@ -11,6 +19,17 @@ void noteScreenChange() { ++changeCount; }
 
 std::uint64_t screenChangeCount() { return changeCount; }
 
-void noteAnimations(int change) { animationCount += change; }
+void noteTreeChange() {
+  ++changeCountOfTrees;
+  noteScreenChange();
+}
 
-bool anyAnimationRuns() { return animationCount > 0; }
+std::uint64_t treeChangeCount() { return changeCountOfTrees; }
+
+void noteAnimationsBegan(CALayer& layer) { animating().push_back(&layer); }
+
+void noteAnimationsEnded(CALayer& layer) { std::erase(animating(), &layer); }
+
+const std::vector<CALayer*>& animatingLayers() { return animating(); }
+
+bool anyAnimationRuns() { return !animating().empty(); }

@@ -1,8 +1,7 @@
 #include "platform/quartzcore/shadow.h"
 
-#include <cstdint>
+#include <algorithm>
 #include <numbers>
-#include <vector>
 
 #include "platform/quartzcore/gaussian_blur.h"
 
@@ -39,31 +38,18 @@ std::vector<std::uint16_t> profile(double first, int count, double low, double h
   return values;
 }
 
-/// The blurred rectangle `rect` over `box`, all in the mask's own pixels. The blur is separable and so is a
-/// rectangle: the mask is the product of a profile along and one across.
-CairoSurfacePtr shadowMask(const DeviceBox& rect, AxisScale sigma, const DeviceBox& box) {
-  const int width = box.width(), height = box.height();
-  const auto along = profile(box.left, width, rect.left, rect.right, sigma.x, profileX);
-  const auto across = profile(box.top, height, rect.top, rect.bottom, sigma.y, profileY);
-  CairoSurfacePtr mask(cairo_image_surface_create(CAIRO_FORMAT_A8, width, height));
-  std::uint8_t* row = cairo_image_surface_get_data(mask.get());
-  const auto bytesPerRow = cairo_image_surface_get_stride(mask.get());
-  if (!row) return mask;
-  cairo_surface_flush(mask.get());
-  for (const std::uint32_t factor : across) {
-    for (int x = 0; x < width; ++x)
-      row[x] = static_cast<std::uint8_t>((((along[x] * factor) >> 16) + 128) >> 8);
+CairoSurfacePtr surfaceOf(const ShadowMask& mask) {
+  CairoSurfacePtr surface(cairo_image_surface_create(CAIRO_FORMAT_A8, mask.box.width(), mask.box.height()));
+  std::uint8_t* row = cairo_image_surface_get_data(surface.get());
+  const auto bytesPerRow = cairo_image_surface_get_stride(surface.get());
+  if (!row) return surface;
+  cairo_surface_flush(surface.get());
+  for (const std::uint32_t factor : mask.across) {
+    std::ranges::transform(mask.along, row, [&](std::uint32_t x) { return shadowCoverage(x, factor); });
     row += bytesPerRow;
   }
-  cairo_surface_mark_dirty(mask.get());
-  return mask;
-}
-
-/// True when upright rectangles stay upright: no rotation, or one by quarter turns, as good as floats get it.
-bool keepsUpright(const cairo_matrix_t& m) {
-  constexpr double nothing = 1e-6;
-  const double straight = std::hypot(m.xx, m.yy), crossed = std::hypot(m.xy, m.yx);
-  return std::min(straight, crossed) <= nothing * std::max(straight, crossed);
+  cairo_surface_mark_dirty(surface.get());
+  return surface;
 }
 
 /// From the shadow's coordinates to a raster for the mask: the device's own pixels where the shadow is
@@ -91,6 +77,23 @@ DeviceBox reachOf(const RectangleShadow& shadow) {
 
 }  // namespace
 
+ShadowMask::ShadowMask(const DeviceBox& rect, AxisScale sigma, const PixelBox& box)
+    : box(box),
+      along(profile(box.left, box.width(), rect.left, rect.right, sigma.x, profileX)),
+      across(profile(box.top, box.height(), rect.top, rect.bottom, sigma.y, profileY)) {
+  const auto middle = along.begin() + box.width() / 2;
+  const auto differs = [&](std::uint16_t value) { return value != *middle; };
+  const auto before = std::find_if(std::make_reverse_iterator(middle), along.rend(), differs);
+  firstAlike = static_cast<int>(before.base() - along.begin());
+  lastAlike = static_cast<int>(std::find_if(middle, along.end(), differs) - along.begin());
+}
+
+bool keepsUpright(const cairo_matrix_t& m) {
+  constexpr double nothing = 1e-6;
+  const double straight = std::hypot(m.xx, m.yy), crossed = std::hypot(m.xy, m.yx);
+  return std::min(straight, crossed) <= nothing * std::max(straight, crossed);
+}
+
 DeviceBox shadowBox(const RectangleShadow& shadow, const cairo_matrix_t& toDevice) {
   return boxThrough(toDevice, reachOf(shadow)).roundedOut();
 }
@@ -103,10 +106,11 @@ void drawShadow(cairo_t* cairo, const RectangleShadow& shadow, const cairo_matri
   if (visibleHere.empty()) return;
 
   const cairo_matrix_t raster = maskRaster(toDevice, visibleHere);
-  const DeviceBox box = boxThrough(raster, visibleHere).grown(1, 1).roundedOut();  // One more to smooth with.
+  // One more on each side to smooth with.
+  const PixelBox box = pixelsTouchedBy(boxThrough(raster, visibleHere).grown(1, 1));
   const AxisScale scale = axisScale(raster);
-  const auto mask = shadowMask(boxThrough(raster, boxOf(shadow.rect)),
-                               {shadow.sigma * scale.x, shadow.sigma * scale.y}, box);
+  const ShadowMask mask(boxThrough(raster, boxOf(shadow.rect)),
+                        {shadow.sigma * scale.x, shadow.sigma * scale.y}, box);
 
   cairo_save(cairo);
   cairo_identity_matrix(cairo);
@@ -116,6 +120,6 @@ void drawShadow(cairo_t* cairo, const RectangleShadow& shadow, const cairo_matri
     cairo_transform(cairo, &rasterToShadow);
   }
   setSource(cairo, shadow.color);
-  cairo_mask_surface(cairo, mask.get(), box.left, box.top);
+  cairo_mask_surface(cairo, surfaceOf(mask).get(), box.left, box.top);
   cairo_restore(cairo);
 }

@@ -3,7 +3,6 @@
 #include <stdexcept>
 
 #include "platform/foundation/run_loop.h"
-#include "platform/quartzcore/layer_renderer.h"
 #include "platform/uikit/ui_window.h"
 
 namespace {
@@ -27,7 +26,7 @@ CGImageRef WindowDisplay::picture() const {
   for (const UIWindow* window : UIWindow::allWindows()) {
     if (!window->hidden()) layers.push_back(&window->layer());
   }
-  return renderLayers(layers, size_, scale_, RunLoop::main().now());
+  return compositor_.frame(layers, size_, scale_, RunLoop::main().now());
 }
 
 CGImageRef UIGetScreenImage() { return currentDisplay().picture(); }

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "platform/coregraphics/cg_image.h"
+#include "platform/quartzcore/compositor.h"
 
 /// The screen of the host: what the frameworks need to know of the glass that they draw for.
 ///
@@ -12,7 +13,8 @@ class Display {
   virtual ~Display() = default;
   virtual CGSize size() const = 0;    ///< Portrait, in points.
   virtual CGFloat scale() const = 0;  ///< Pixels a point.
-  /// A picture of all that is on the screen now, `size` times `scale` pixels large.
+  /// A picture of all that is on the screen now, `size` times `scale` pixels large. The same as the last time
+  /// where nothing has changed since; whoever lets go of it before the next one saves a copy of its pixels.
   virtual CGImageRef picture() const = 0;
 };
 
@@ -30,6 +32,7 @@ class WindowDisplay : public Display {
  private:
   CGSize size_;
   CGFloat scale_;
+  mutable Compositor compositor_;  // Only keeps what it need not draw again.
 };
 
 /// An image of the whole current screen, in device pixels. (`UIGetScreenImage`.)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdlib>
 #include <ostream>
 #include <random>
 #include <vector>
@@ -41,3 +42,19 @@ inline Color colorAt(const CGImageRef& image, int x, int y) {
   const bool opaque = screen->format().bitmapInfo == kCGImageAlphaNoneSkipFirstLittle;
   return {pixel[2], pixel[1], pixel[0], opaque ? 255 : pixel[3]};
 }
+
+/// How many pixels of two pictures in screen layout and of one size differ by more than `tolerance`, of 255,
+/// in some colour.
+inline int pixelsThatDiffer(const CGImage& one, const CGImage& other, int tolerance) {
+  int count = 0;
+  for (int y = 0; y < one.height(); ++y) {
+    for (int x = 0; x < one.width(); ++x) {
+      const auto differs = [&](int k) {
+        return std::abs(one.row(y)[4 * x + k] - other.row(y)[4 * x + k]) > tolerance;
+      };
+      count += differs(0) || differs(1) || differs(2);
+    }
+  }
+  return count;
+}
+inline constexpr int rounding = 2;  // Of 255: what two ways to paint the same may differ by.

@@ -1,4 +1,3 @@
-#include "platform/quartzcore/layer_renderer.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +8,8 @@
 #include <numbers>
 
 #include "platform/quartzcore/ca_gradient_layer.h"
+#include "platform/quartzcore/compositor.h"
+#include "platform/quartzcore/plain_painter.h"
 #include "tests/support/pictures.h"
 
 namespace {
@@ -53,6 +54,14 @@ struct Drawing : CALayerDelegate {
   }
 };
 
+/// The layer as the compositor shows it, which has to be what the plain painter shows.
+CGImageRef paint(const CALayer& layer, CGSize size, CGFloat scale, CFTimeInterval time = 0) {
+  const auto plain = paintPlainly({&layer}, size, scale, time);
+  const auto composed = Compositor().frame({&layer}, size, scale, time);
+  EXPECT_EQ(pixelsThatDiffer(*composed, *plain, rounding), 0);
+  return composed;
+}
+
 /// Compares what `build` put into a layer with a drawing of it, a letter a pixel.
 void expectPixels(CGFloat scale, const std::vector<std::string>& wanted,
                   const std::function<void(CALayer&)>& build) {
@@ -62,7 +71,7 @@ void expectPixels(CGFloat scale, const std::vector<std::string>& wanted,
   CALayer root;
   build(root);
   const CGSize size{CGFloat(wanted[0].size()) / scale, CGFloat(wanted.size()) / scale};
-  const auto image = renderLayers({&root}, size, scale, RunLoop::main().now());
+  const auto image = paint(root, size, scale, RunLoop::main().now());
   std::vector<std::string> rows(wanted.size());
   for (int i = 0; i < image->width() * image->height(); ++i) {
     auto letter = letters.find(pixelAt(image, i % image->width(), i / image->width()));
@@ -71,8 +80,14 @@ void expectPixels(CGFloat scale, const std::vector<std::string>& wanted,
   EXPECT_EQ(rows, wanted);
 }
 
-TEST(LayerRenderer, PutsLayersWhereTheyBelong) {
-  expectPixels(1, {"....", "rr..", "hh.."}, [](CALayer& root) { addLayer(root, {{-2, 1}, {4, 1.5f}}, red); });
+TEST(Painting, PutsLayersWhereTheyBelong) {
+  // On whole pixels, from the nearest one on, as many as are touched.
+  expectPixels(1, {"....", "rr..", "rr.."}, [](CALayer& root) {
+    addLayer(root, {{-2, 1.4f}, {4, 1.5f}}, red);
+  });
+  expectPixels(1, {"....", "rr..", "hh.."}, [](CALayer& root) {  // Unless scaled.
+    addLayer(root, {{-1.5f, 0.25f}, {3, 3}}, red)->setTransform(CATransform3DMakeScale(4.0f / 3, 0.5f, 1));
+  });
   expectPixels(2, {"......", ".rrr..", "......"}, [](CALayer& root) {
     addLayer(root, {{0.5f, 0.5f}, {1.5f, 0.5f}}, red);
   });
@@ -92,7 +107,7 @@ TEST(LayerRenderer, PutsLayersWhereTheyBelong) {
   });
 }
 
-TEST(LayerRenderer, DrawsContentInOrderAndInsideItsMask) {
+TEST(Painting, DrawsContentInOrderAndInsideItsMask) {
   const auto redBlue = picture(2, {redPixel, bluePixel});
   Drawing drawing;
   expectPixels(1, {"brrwww"}, [&](CALayer& root) {
@@ -126,7 +141,7 @@ TEST(LayerRenderer, DrawsContentInOrderAndInsideItsMask) {
   });
 }
 
-TEST(LayerRenderer, LeavesOutWhatIsFlatEndlessOrNoNumber) {
+TEST(Painting, LeavesOutWhatIsFlatEndlessOrNoNumber) {
   expectPixels(1, {"....", "..r."}, [](CALayer& root) {
     constexpr CGFloat huge = 1e30f, noNumber = std::numeric_limits<CGFloat>::quiet_NaN();
     for (CGFloat bad : {0.0f, 1e-30f, 1e-5f, huge, -huge, noNumber}) {
@@ -138,10 +153,11 @@ TEST(LayerRenderer, LeavesOutWhatIsFlatEndlessOrNoNumber) {
     for (CGFloat bad : {huge, noNumber}) addLayer(root, {{bad, 0}, {bad, 2}}, blue);
     addLayer(root, {{2, 1}, {1, 1}}, red);
   });
-  EXPECT_EQ(renderLayers({}, {0, 10}, 1, 0), nullptr);
+  EXPECT_EQ(Compositor().frame({}, {0, 10}, 1, 0), nullptr);
+  EXPECT_EQ(paintPlainly({}, {0, 10}, 1, 0), nullptr);
 }
 
-TEST(LayerRenderer, ContentShrinksToNothingBeforeItIsGone) {
+TEST(Painting, ContentShrinksToNothingBeforeItIsGone) {
   Drawing drawing;
   auto layer = std::make_shared<CALayer>();
   layer->setDelegate(&drawing);
@@ -151,7 +167,7 @@ TEST(LayerRenderer, ContentShrinksToNothingBeforeItIsGone) {
   CAAnimationBlock::commit();
   const CFTimeInterval start = RunLoop::main().now(), halfWay = 0.1;
   const auto pixelsAt = [&](CFTimeInterval time, int x) {
-    return pixelAt(renderLayers({layer.get()}, {8, 8}, 1, time), x, 0);
+    return pixelAt(paint(*layer, {8, 8}, 1, time), x, 0);
   };
   EXPECT_EQ(pixelsAt(start, 7), bluePixel);
   EXPECT_EQ(pixelsAt(start + halfWay, 2), bluePixel);
@@ -160,7 +176,7 @@ TEST(LayerRenderer, ContentShrinksToNothingBeforeItIsGone) {
   EXPECT_EQ(pixelsAt(RunLoop::main().now(), 0), 0u);
 }
 
-TEST(LayerRenderer, GradientsRunFromEdgeToEdge) {
+TEST(Painting, GradientsRunFromEdgeToEdge) {
   for (CGFloat scale : {1.0f, 2.0f}) {
     CALayer root;
     auto even = addLayer<CAGradientLayer>(root, {{0, 0}, {20, 40}});
@@ -169,7 +185,7 @@ TEST(LayerRenderer, GradientsRunFromEdgeToEdge) {
     placed->setColors({{0.2f, 0, 0, 1}, {1, 0, 0, 1}});
     placed->setLocations({0.25f, 0.5f});
     placed->setOpacity(0.5f);
-    const auto image = renderLayers({&root}, {40, 40}, scale, 0);
+    const auto image = paint(root, {40, 40}, scale);
     for (int y = 0; y < image->height(); ++y) {
       const double t = (y + 0.5) / image->height(), ramp = std::clamp((t - 0.25) / 0.25, 0.0, 1.0);
       EXPECT_NEAR(redAt(image, 5, y), 255 * (1 - std::abs(1 - 2 * t)), 1.5) << y;
@@ -187,7 +203,7 @@ double blurred(CGRect rect, double sigma, CGPoint point) {
          (below(CGRectGetMaxY(rect), point.y) - below(rect.origin.y, point.y));
 }
 
-TEST(LayerRenderer, ShadowsAndBlursAreGaussian) {
+TEST(Painting, ShadowsAndBlursAreGaussian) {
   const CGRect rect{{1, 2}, {13, 9}};
   for (auto transform : {CGAffineTransformIdentity, CGAffineTransformMakeScale(-0.5f, 1.5f),
                          CGAffineTransformMakeRotation(1.57079633f), CGAffineTransformMakeRotation(0.6f)}) {
@@ -205,7 +221,7 @@ TEST(LayerRenderer, ShadowsAndBlursAreGaussian) {
         layer->setBounds({{-8, -8}, {32, 28}});  // Wide enough for all that spreads.
         addLayer(*layer, rect, red)->setOpacity(0.9f);
       }
-      const auto image = renderLayers({&root}, {40, 40}, 2, 0);
+      const auto image = paint(root, {40, 40}, 2);
       const auto toLayer = CGAffineTransformInvert(CALayer::transformToSuperlayer(layer->model()));
       for (int i = 0; i < 80 * 80; i += 7) {
         const CGPoint center{(CGFloat(i % 80) + 0.5f) / 2, (CGFloat(i / 80) + 0.5f) / 2};
@@ -217,7 +233,7 @@ TEST(LayerRenderer, ShadowsAndBlursAreGaussian) {
   }
 }
 
-TEST(LayerRenderer, BlurKeepsWhatIsFlatToItsEdges) {
+TEST(Painting, BlurKeepsWhatIsFlatToItsEdges) {
   expectPixels(2, {"........11111111111", "........11111111111"}, [](CALayer& root) {
     auto layer =
         addLayer(root, {{4, -9}, {99, 99}}, CGColor{0.6f, 0, 0, 1});  // Goes on outside of the screen.

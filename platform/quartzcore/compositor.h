@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/quartzcore/ca_layer.h"
+
+class Scene;
+
+/// Shows layer trees on a screen, frame after frame, drawing no more than what has changed since the last.
+/// The pictures are those of paintPlainly(), within 2 of 255.
+class Compositor {
+ public:
+  Compositor();
+  ~Compositor();
+
+  /// The trees as they look at `time` on a black screen of `size` points at `scale` pixels a point. Opaque,
+  /// in screen layout, its size in whole pixels; the very picture of the last call where nothing has changed
+  /// since, and null where there is no picture of that size. Layers must be whole and null-free.
+  CGImageRef frame(const std::vector<const CALayer*>& backToFront, CGSize size, CGFloat scale,
+                   CFTimeInterval time);
+
+ private:
+  using Buffer = std::shared_ptr<std::vector<std::uint8_t>>;
+  void makeWritable(std::size_t bytes, bool keepsContents);
+
+  std::unique_ptr<Scene> scene_;
+  Buffer pixels_;       // Of the picture.
+  Buffer spare_;        // Of an earlier picture; free once nobody looks at that any more.
+  CGImageRef picture_;  // The last one; null while its pixels are not worth keeping.
+};
