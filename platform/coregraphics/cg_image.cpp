@@ -95,6 +95,20 @@ CGImageRef CGImage::inScreenFormat(const CGImageRef& self) {
   return create(self->width_, self->height_, screen, bytesPerRow, std::move(pixels));
 }
 
+CGImageRef CGImage::withoutNeedlessAlpha(const CGImageRef& self) {
+  constexpr std::size_t alphaByte = 3;
+  constexpr std::uint8_t opaque = 255;
+  if (!self || self->format_.bitmapInfo != kCGImageAlphaPremultipliedFirstLittle) return self;
+  for (int y = 0; y < self->height_; ++y) {
+    const std::uint8_t* pixel = self->row(y);
+    for (int x = 0; x < self->width_; ++x, pixel += self->format_.bytesPerPixel())
+      if (pixel[alphaByte] != opaque) return self;
+  }
+  CGPixelFormat format = self->format_;
+  format.bitmapInfo = kCGImageAlphaNoneSkipFirstLittle;
+  return create(self->width_, self->height_, format, self->bytesPerRow_, self->pixels_, self->offset_);
+}
+
 bool CGImage::samePixels(const CGImage& one, const CGImage& other) {
   if (one.width_ != other.width_ || one.height_ != other.height_ || one.format_ != other.format_)
     return false;

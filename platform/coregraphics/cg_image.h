@@ -61,6 +61,9 @@ class CGImage {
   /// The same pixels as a 32-bit picture in screen layout; `self` when it is one already.
   static CGImageRef inScreenFormat(const CGImageRef& self);
 
+  /// `self` or, where all of its pixels happen to be opaque, the same pixels as an opaque picture.
+  static CGImageRef withoutNeedlessAlpha(const CGImageRef& self);
+
   /// Whether both have the same size, format and pixels.
   static bool samePixels(const CGImage& one, const CGImage& other);
 

@@ -213,7 +213,7 @@ const CGImageRef& CALayer::displayIfNeeded(CGFloat scale) const {
   CGContext context(bounds.size, scale);
   context.concat(CGAffineTransformMakeTranslation(-bounds.origin.x, -bounds.origin.y));
   delegate_->drawLayer(context);
-  drawn_ = context.createImage();
+  drawn_ = CGImage::withoutNeedlessAlpha(context.createImage());
   drawnSize_ = bounds.size;
   drawnScale_ = scale;
   needsDisplay_ = false;

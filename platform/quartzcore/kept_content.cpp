@@ -4,6 +4,7 @@
 
 #include "platform/quartzcore/layer_cache.h"
 #include "platform/quartzcore/layer_content.h"
+#include "platform/quartzcore/picture_scaling.h"
 
 namespace {
 
@@ -13,11 +14,27 @@ double withoutNoise(double pixels) {
   return std::round(pixels * steps) / steps;
 }
 
+/// A picture and nothing else, upright and so much smaller that the drawing library averages: slowly.
+bool isShrunkPicture(const PlacedLayer& placed) {
+  const CGImageRef& picture = placed.layer.contents();
+  const cairo_matrix_t& m = placed.toDevice;
+  const bool isUpright = m.xx > 0 && m.yy > 0 && m.xy == 0 && m.yx == 0;
+  if (!picture || !picture->isInScreenLayout() || !isUpright || contentTraits(placed).pieces != 1)
+    return false;
+  return placed.bounds.right - placed.bounds.left < averagedBelow * picture->width() ||
+         placed.bounds.bottom - placed.bounds.top < averagedBelow * picture->height();
+}
+
 CGImageRef draw(const PlacedLayer& placed, const LayerCache::ContentKey& key) {
   const CGPixelFormat format;
   const std::size_t bytesPerRow = static_cast<std::size_t>(key.width) * format.bytesPerPixel();
   auto pixels =
       std::make_shared<std::vector<std::uint8_t>>(bytesPerRow * static_cast<std::size_t>(key.height));
+  if (key.opacity == 1 && isShrunkPicture(placed)) {
+    const DeviceBox place = boxThrough(key.toPicture, boxOf(placed.area));
+    scalePicture(*placed.layer.contents(), place, pixels->data(), key.width, key.height);
+    return CGImage::create(key.width, key.height, format, bytesPerRow, std::move(pixels));
+  }
   const CairoSurfacePtr surface = wrapPixels(pixels->data(), key.width, key.height, bytesPerRow, format);
   const CairoContextPtr cairo(cairo_create(surface.get()));
   cairo_set_matrix(cairo.get(), &key.toPicture);

@@ -1,107 +1,188 @@
-#include "platform/quartzcore/pixel_rows.h"
+// Compiled once for each kind of vector instructions that Highway knows of this architecture; the best that
+// the machine has is chosen when it runs.
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "platform/quartzcore/pixel_rows.cpp"
+#include <hwy/foreach_target.h>
+// After it, as Highway wants it.
+#include <hwy/highway.h>
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 
+#include "platform/quartzcore/pixel_rows.h"
 #include "platform/quartzcore/shadow.h"
 
+#ifndef PLAIN_PIXELS_DEFINED
+#define PLAIN_PIXELS_DEFINED
+
+namespace pixel_rows {
+
+/// A pixel's four channels in four 16-bit lanes of one number.
+using Lanes = std::uint64_t;
+inline Lanes lanesOf(Pixel pixel) { return (pixel & 0x00FF00FFull) | (Lanes{pixel & 0xFF00FF00u} << 24); }
+inline Pixel pixelOf(Lanes lanes) { return Pixel(lanes & 0x00FF00FF) | Pixel((lanes >> 24) & 0xFF00FF00); }
+
+/// Every channel times `factor` / 255, rounded.
+inline Pixel scaled(Pixel pixel, unsigned factor) {
+  constexpr Lanes halves = 0x0080008000800080, bytes = 0x00FF00FF00FF00FF;
+  const Lanes t = lanesOf(pixel) * factor + halves;
+  return pixelOf(((t + ((t >> 8) & bytes)) >> 8) & bytes);
+}
+/// What a pixel leaves of what is below it.
+inline unsigned restOf(Pixel pixel) { return 255 - (pixel >> 24); }
+
+}  // namespace pixel_rows
+
+#endif
+
+HWY_BEFORE_NAMESPACE();
+namespace pixel_rows::HWY_NAMESPACE {
 namespace {
 
-constexpr int channels = 4;
-constexpr std::uint8_t opaque = 255;
+namespace hn = hwy::HWY_NAMESPACE;
 
-std::uint8_t alphaOf(Pixel pixel) { return std::uint8_t(pixel >> 24); }
+#if HWY_TARGET == HWY_SCALAR
 
-// Channel by channel: the compiler makes vectors of 16-bit lanes of these.
+// No vectors on this machine: a pixel at a time.
+constexpr int mostPixels = 1;
+int pixelsAtATime() { return mostPixels; }
+Pixel load(const Pixel* pixels) { return *pixels; }
+void store(Pixel pixel, Pixel* to) { *to = pixel; }
+Pixel all(Pixel pixel) { return pixel; }
+unsigned factorOf(unsigned factor) { return factor; }
+Pixel madeOpaque(Pixel pixel) { return pixel | opaqueBlackPixel; }
+Pixel sum(Pixel one, Pixel other) { return one + other; }
 
-/// `product` / 255, rounded to the nearest, for products of two 8-bit values.
-std::uint16_t divided(std::uint16_t product) {
-  const auto t = std::uint16_t(product + 128);
-  return std::uint16_t(std::uint16_t(t + (t >> 8)) >> 8);
+#else
+
+using Pixels = hn::ScalableTag<std::uint32_t>;
+using Pairs = hn::Repartition<std::uint16_t, Pixels>;  // Two channels each.
+using Bytes = hn::Repartition<std::uint8_t, Pixels>;
+using PixelVector = hn::Vec<Pixels>;
+using PairVector = hn::Vec<Pairs>;
+
+constexpr int mostPixels = int(hn::MaxLanes(Pixels()));
+int pixelsAtATime() { return int(hn::Lanes(Pixels())); }
+PixelVector load(const Pixel* pixels) { return hn::LoadU(Pixels(), pixels); }
+void store(PixelVector vector, Pixel* to) { hn::StoreU(vector, Pixels(), to); }
+PixelVector all(Pixel pixel) { return hn::Set(Pixels(), pixel); }
+PixelVector madeOpaque(PixelVector pixels) { return hn::Or(pixels, all(opaqueBlackPixel)); }
+
+/// With 8 more bits, so that x / 255 becomes x / 65536.
+PairVector factorOf(unsigned factor) { return hn::Set(Pairs(), static_cast<std::uint16_t>(factor * 257)); }
+
+PairVector restOf(PixelVector pixels) {
+  auto rest = hn::Sub(all(255), hn::ShiftRight<24>(pixels));
+  rest = hn::Or(rest, hn::ShiftLeft<8>(rest));
+  return hn::BitCast(Pairs(), hn::Or(rest, hn::ShiftLeft<16>(rest)));
 }
 
-/// As many pixels as make a vector on every machine that we know.
-constexpr int blockPixels = 8;
-constexpr int blockBytes = blockPixels * channels;
-
-/// A colour, over and over.
-struct ColorBlock {
-  explicit ColorBlock(Pixel color) {
-    for (int i = 0; i < blockPixels; ++i) std::memcpy(bytes + i * channels, &color, channels);
-  }
-  std::uint8_t bytes[blockBytes];
-};
-
-/// Lays the colour over a block of opaque pixels.
-void tint(std::uint8_t (&bytes)[blockBytes], const ColorBlock& color, std::uint16_t rest) {
-  for (int i = 0; i < blockBytes; ++i)
-    bytes[i] = std::uint8_t(color.bytes[i] + divided(std::uint16_t(bytes[i] * rest)));
+/// The upper channel of each pair is where a product that keeps its high half wants it; the lower one is
+/// brought there and back.
+PixelVector scaled(PixelVector pixels, PairVector factor) {
+  const Pairs pairs;
+  const auto half = hn::Set(pairs, 128);
+  const auto upperBytes = hn::Set(pairs, 0xFF00);
+  const auto both = hn::BitCast(pairs, pixels);
+  const auto lower = hn::Add(hn::MulHigh(hn::ShiftLeft<8>(both), factor), half);
+  const auto upper = hn::Add(hn::MulHigh(hn::And(both, upperBytes), factor), half);
+  return hn::BitCast(Pixels(), hn::Or(hn::ShiftRight<8>(lower), hn::And(upper, upperBytes)));
 }
 
-// Pixel by pixel: its four channels in four 16-bit lanes of one number.
-
-using Lanes = std::uint64_t;
-constexpr Lanes eachLane = 0x0001000100010001;
-constexpr Lanes lowBytes = 0x00FF00FF00FF00FF;
-
-Lanes lanesOf(Pixel pixel) { return (pixel & 0x00FF00FFull) | (Lanes{pixel & 0xFF00FF00u} << 24); }
-Pixel pixelOf(Lanes lanes) { return Pixel(lanes & 0x00FF00FF) | Pixel((lanes >> 24) & 0xFF00FF00); }
-
-/// All four channels times `factor` / 255.
-Lanes scaled(Lanes lanes, std::uint8_t factor) {
-  const Lanes t = lanes * factor + eachLane * 128;
-  return ((t + ((t >> 8) & lowBytes)) >> 8) & lowBytes;
+PixelVector sum(PixelVector one, PixelVector other) {
+  const Bytes bytes;
+  return hn::BitCast(Pixels(), hn::SaturatedAdd(hn::BitCast(bytes, one), hn::BitCast(bytes, other)));
 }
 
-/// `source` over an opaque pixel.
-Pixel over(Lanes source, Pixel below) {
-  return pixelOf(source + scaled(lanesOf(below), std::uint8_t(opaque - (source >> 48))));
+#endif
+
+/// row[i] = combine(row[i], source[i]), a vector at a time. The two rows may be one.
+template <class Combine>
+void forEachPixel(Pixel* row, const Pixel* source, int count, Combine combine) {
+  const int step = pixelsAtATime();
+  int i = 0;
+  for (; i + step <= count; i += step) store(combine(load(row + i), load(source + i)), row + i);
+  const int left = count - i;
+  if (left <= 0) return;
+  Pixel rowEnd[mostPixels] = {}, sourceEnd[mostPixels] = {};
+  for (int k = 0; k < left; ++k) rowEnd[k] = row[i + k], sourceEnd[k] = source[i + k];
+  store(combine(load(rowEnd), load(sourceEnd)), rowEnd);
+  for (int k = 0; k < left; ++k) row[i + k] = rowEnd[k];
+}
+
+void copy(Pixel* row, const Pixel* opaque, int count) {
+  forEachPixel(row, opaque, count, [](auto, auto source) { return madeOpaque(source); });
+}
+
+void tint(Pixel* row, int count, Pixel color) {
+  const auto tint = all(color);
+  const auto rest = factorOf(pixel_rows::restOf(color));
+  forEachPixel(row, row, count, [=](auto below, auto) { return sum(scaled(below, rest), tint); });
+}
+
+void copyTinted(Pixel* row, const Pixel* opaque, int count, Pixel color) {
+  const auto tint = all(color);
+  const auto rest = factorOf(pixel_rows::restOf(color));
+  forEachPixel(row, opaque, count,
+               [=](auto, auto source) { return sum(scaled(madeOpaque(source), rest), tint); });
+}
+
+void fade(Pixel* row, const Pixel* opaque, int count, std::uint8_t opacity) {
+  const auto part = factorOf(opacity), rest = factorOf(255u - opacity);
+  forEachPixel(row, opaque, count, [=](auto below, auto source) {
+    return sum(scaled(madeOpaque(source), part), scaled(below, rest));
+  });
+}
+
+void blend(Pixel* row, const Pixel* source, int count, std::uint8_t opacity) {
+  const auto part = factorOf(opacity);
+  forEachPixel(row, source, count, [=](auto below, auto above) {
+    const auto faded = scaled(above, part);
+    return sum(faded, scaled(below, restOf(faded)));
+  });
 }
 
 }  // namespace
+}  // namespace pixel_rows::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
 
-Pixel scaledPixel(Pixel pixel, std::uint8_t factor) { return pixelOf(scaled(lanesOf(pixel), factor)); }
+#if HWY_ONCE
+
+namespace pixel_rows {
+HWY_EXPORT(copy);
+HWY_EXPORT(tint);
+HWY_EXPORT(copyTinted);
+HWY_EXPORT(fade);
+HWY_EXPORT(blend);
+}  // namespace pixel_rows
+
+using namespace pixel_rows;
+
+Pixel scaledPixel(Pixel pixel, std::uint8_t factor) { return scaled(pixel, factor); }
 
 void fillRow(Pixel* row, int count, Pixel color) { std::fill_n(row, count, color); }
 
-void tintRow(Pixel* row, int count, Pixel color) { copyTintedRow(row, row, count, color); }
+void tintRow(Pixel* row, int count, Pixel color) { HWY_DYNAMIC_DISPATCH(tint)(row, count, color); }
 
-void copyRow(Pixel* row, const Pixel* opaquePixels, int count) {
-  for (int i = 0; i < count; ++i) row[i] = opaquePixels[i] | opaqueBlackPixel;
+void copyRow(Pixel* row, const Pixel* opaque, int count) { HWY_DYNAMIC_DISPATCH(copy)(row, opaque, count); }
+
+void copyTintedRow(Pixel* row, const Pixel* opaque, int count, Pixel color) {
+  HWY_DYNAMIC_DISPATCH(copyTinted)(row, opaque, count, color);
 }
 
-void copyTintedRow(Pixel* row, const Pixel* opaquePixels, int count, Pixel color) {
-  const ColorBlock colors(color);
-  const std::uint16_t rest = opaque - alphaOf(color);
-  // By way of a block of its own: the two rows may be one.
-  std::uint8_t block[blockBytes];
-  for (; count >= blockPixels; count -= blockPixels, row += blockPixels, opaquePixels += blockPixels) {
-    std::memcpy(block, opaquePixels, blockBytes);
-    tint(block, colors, rest);
-    std::memcpy(row, block, blockBytes);
-  }
-  if (count == 0) return;
-  const auto bytesLeft = std::size_t(count) * channels;
-  std::memcpy(block, opaquePixels, bytesLeft);
-  tint(block, colors, rest);
-  std::memcpy(row, block, bytesLeft);
-}
-
-void fadeRow(Pixel* row, const Pixel* opaquePixels, int count, std::uint8_t opacity) {
-  for (int i = 0; i < count; ++i)
-    row[i] = over(scaled(lanesOf(opaquePixels[i] | opaqueBlackPixel), opacity), row[i]);
+void fadeRow(Pixel* row, const Pixel* opaque, int count, std::uint8_t opacity) {
+  HWY_DYNAMIC_DISPATCH(fade)(row, opaque, count, opacity);
 }
 
 void blendRow(Pixel* row, const Pixel* source, int count, std::uint8_t opacity) {
-  for (int i = 0; i < count; ++i) {
-    if (source[i] == 0) continue;
-    const bool covers = opacity == opaque && alphaOf(source[i]) == opaque;
-    row[i] = covers ? source[i] : over(scaled(lanesOf(source[i]), opacity), row[i]);
-  }
+  HWY_DYNAMIC_DISPATCH(blend)(row, source, count, opacity);
 }
 
 void shadeRow(Pixel* row, const std::uint16_t* along, std::uint16_t across, int count, Pixel color) {
-  const Lanes lanes = lanesOf(color);
-  for (int i = 0; i < count; ++i) row[i] = over(scaled(lanes, shadowCoverage(along[i], across)), row[i]);
+  for (int i = 0; i < count; ++i) {
+    const Pixel shade = scaled(color, shadowCoverage(along[i], across));
+    row[i] = shade + scaled(row[i], restOf(shade));
+  }
 }
+
+#endif
