@@ -80,7 +80,7 @@ void CALayer::endAnimationsOf(const CAAnimationBlock& block) {
 }
 
 void CALayer::noteChange() {
-  noteScreenChange();
+  noteScreenChange(*this);
   noteChangeAt(screenChangeCount());
 }
 

@@ -12,4 +12,5 @@ inline constexpr double averagedBelow = 0.75;
 /// `width` by `height` large: averaged where it shrinks, linear elsewhere, as the drawing library does it and
 /// several times as fast. `place` is in the result's pixels; those at its edges are covered in part, those
 /// outside transparent. Internal to the renderer.
-void scalePicture(const CGImage& picture, const DeviceBox& place, std::uint8_t* result, int width, int height);
+void scalePicture(const CGImage& picture, const DeviceBox& place, std::uint8_t* result, int width,
+                  int height);

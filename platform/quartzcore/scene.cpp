@@ -1,6 +1,6 @@
 #include "platform/quartzcore/scene.h"
 
-#include <unordered_map>
+#include <algorithm>
 #include <utility>
 
 #include "platform/quartzcore/layer_paints.h"
@@ -10,6 +10,7 @@ namespace {
 
 /// Damage in more pieces than this is painted as one: their corners cost more than what lies between them.
 constexpr int mostPieces = 16;
+constexpr std::size_t nodesPerBlock = 32;
 
 std::vector<std::uint64_t> serialsOf(const std::vector<const CALayer*>& layers) {
   std::vector<std::uint64_t> serials;
@@ -53,9 +54,13 @@ PixelRegion Scene::update(const std::vector<const CALayer*>& backToFront, const 
 std::vector<const Paint*> Scene::paintsIn(const PixelRegion& region) const {
   const PixelBox extents = region.extents();
   std::vector<const Paint*> paints;
-  for (std::size_t i = 0; i < nodes_.boxes.size(); ++i) {
-    if (!nodes_.boxes[i].intersects(extents)) continue;
-    for (const Paint& paint : nodes_.list[i].paints) paints.push_back(&paint);
+  for (std::size_t block = 0; block < nodes_.blockBoxes.size(); ++block) {
+    if (!nodes_.blockBoxes[block].intersects(extents)) continue;
+    const Place begin = block * nodesPerBlock, end = std::min(begin + nodesPerBlock, nodes_.list.size());
+    for (Place place = begin; place < end; ++place) {
+      if (!nodes_.boxes[place].intersects(extents)) continue;
+      for (const Paint& paint : nodes_.list[place].paints) paints.push_back(&paint);
+    }
   }
   return paints;
 }
@@ -80,54 +85,90 @@ void Scene::collect(Node& node) const {
 Scene::Nodes Scene::build(const std::vector<const CALayer*>& backToFront) const {
   Nodes nodes;
   for (const CALayer* layer : backToFront) append(nodes, *layer, inheritedByRoots(moment_.scale), screen_);
+  nodes.boxes.resize(nodes.list.size());
+  nodes.blockBoxes.resize((nodes.list.size() + nodesPerBlock - 1) / nodesPerBlock);
+  for (Place place = 0; place < nodes.list.size(); ++place) {
+    nodes.places.emplace(nodes.list[place].serial, place);
+    nodes.boxes[place] = boxAround(nodes.list[place].paints);
+    PixelBox& blockBox = nodes.blockBoxes[place / nodesPerBlock];
+    blockBox = blockBox.united(nodes.boxes[place]);
+  }
   return nodes;
 }
 
 void Scene::append(Nodes& nodes, const CALayer& layer, const Inherited& inherited,
                    const PixelBox& clip) const {
-  const std::size_t index = nodes.list.size();
-  Node& node = nodes.list.emplace_back(
-      Node{.layer = &layer, .serial = layer.serial(), .inherited = inherited, .clip = clip});
-  collect(node);
-  nodes.boxes.push_back(boxAround(node.paints));
-  if (node.isOpen) {
-    const Inherited inheritance = node.inheritance;  // The node moves as others are appended.
-    const PixelBox innerClip = node.innerClip;
-    for (const auto& sublayer : layer.sublayers()) append(nodes, *sublayer, inheritance, innerClip);
+  const Place place = nodes.list.size();
+  nodes.list.push_back({.layer = &layer, .serial = layer.serial(), .inherited = inherited, .clip = clip});
+  collect(nodes.list[place]);
+  if (nodes.list[place].isOpen) {
+    const Node node = nodes.list[place];  // The list may move as others are appended.
+    for (const auto& sublayer : layer.sublayers()) append(nodes, *sublayer, node.inheritance, node.innerClip);
   }
-  nodes.list[index].end = nodes.list.size();
+  nodes.list[place].end = nodes.list.size();
 }
 
 // What has changed.
 
+/// Ascending; a place may come twice.
+std::vector<Scene::Place> Scene::changedPlaces() const {
+  std::vector<Place> places;
+  const auto addPlaceOf = [&](std::uint64_t serial) {
+    const auto found = nodes_.places.find(serial);
+    if (found != nodes_.places.end()) places.push_back(found->second);
+    return found != nodes_.places.end();
+  };
+  auto changed = layersChangedSince(changesSeen_);
+  const bool areKnown =
+      changed && std::ranges::all_of(*changed, addPlaceOf) &&
+      std::ranges::all_of(animatingLayers(), [&](CALayer* layer) { return addPlaceOf(layer->serial()); });
+  if (areKnown) {
+    std::ranges::sort(places);
+    return places;
+  }
+  // Very many, or some that lie in a node that shows all of its subtree.
+  places.clear();
+  for (Place place = 0; place < nodes_.list.size(); ++place) {
+    const Node& node = nodes_.list[place];
+    const auto changedAt = node.isOpen ? node.layer->changedAt() : node.layer->subtreeChangedAt();
+    if (changedAt > changesSeen_) places.push_back(place);
+  }
+  return places;
+}
+
 bool Scene::updateInPlace() {
-  const Inherited inherited = inheritedByRoots(moment_.scale);
-  for (std::size_t root = 0; root < nodes_.list.size(); root = nodes_.list[root].end)
-    if (!updateSubtree(root, inherited, screen_)) return false;
+  for (const Place place : changedPlaces()) {
+    const Node& node = nodes_.list[place];
+    if (!refresh(place, node.inherited, node.clip)) return false;
+  }
   return true;
 }
 
-bool Scene::updateSubtree(std::size_t index, const Inherited& inherited, const PixelBox& clip) {
-  Node& node = nodes_.list[index];
-  const bool moved = node.inherited != inherited || node.clip != clip;
-  if (!moved && node.layer->subtreeChangedAt() <= changesSeen_) return true;
-
-  if (moved || node.layer->changedAt() > changesSeen_ || !node.isOpen) {
-    const bool wasOpen = node.isOpen;
-    const std::vector<Paint> before = std::move(node.paints);
-    node.inherited = inherited;
-    node.clip = clip;
-    collect(node);
-    if (node.paints != before) {
-      damage(nodes_.boxes[index]);
-      nodes_.boxes[index] = boxAround(node.paints);
-      damage(nodes_.boxes[index]);
-    }
-    if (node.isOpen != wasOpen) return false;
+bool Scene::refresh(Place place, const Inherited& inherited, const PixelBox& clip) {
+  Node& node = nodes_.list[place];
+  const Node before = std::exchange(
+      node,
+      {.layer = node.layer, .serial = node.serial, .inherited = inherited, .clip = clip, .end = node.end});
+  collect(node);
+  if (node.paints != before.paints) {
+    damage(nodes_.boxes[place]);
+    nodes_.setBox(place, boxAround(node.paints));
+    damage(nodes_.boxes[place]);
   }
-  for (std::size_t inner = index + 1; inner < node.end; inner = nodes_.list[inner].end)
-    if (!updateSubtree(inner, node.inheritance, node.innerClip)) return false;
+  if (node.isOpen != before.isOpen) return false;
+  if (node.inheritance == before.inheritance && node.innerClip == before.innerClip) return true;
+  for (Place inner = place + 1; inner < node.end; inner = nodes_.list[inner].end)
+    if (!refresh(inner, node.inheritance, node.innerClip)) return false;
   return true;
+}
+
+void Scene::Nodes::setBox(Place place, const PixelBox& box) {
+  boxes[place] = box;
+  const Place begin = place / nodesPerBlock * nodesPerBlock,
+              end = std::min(begin + nodesPerBlock, boxes.size());
+  PixelBox& blockBox = blockBoxes[place / nodesPerBlock];
+  blockBox = {};
+  for (Place other = begin; other < end; ++other) blockBox = blockBox.united(boxes[other]);
 }
 
 // Damage.
@@ -135,19 +176,17 @@ bool Scene::updateSubtree(std::size_t index, const Inherited& inherited, const P
 /// The nodes that both lists have in the same order paint what they painted, one over the other, unless they
 /// have changed themselves. The others have come, gone or changed places.
 void Scene::damageDifferencesTo(const Nodes& before) {
-  std::unordered_map<std::uint64_t, std::size_t> places;
-  for (std::size_t i = 0; i < before.list.size(); ++i) places.emplace(before.list[i].serial, i);
-  std::size_t next = 0;  // Of those before.
-  for (std::size_t i = 0; i < nodes_.list.size(); ++i) {
-    const auto found = places.find(nodes_.list[i].serial);
-    if (found == places.end() || found->second < next) {
-      damage(nodes_.boxes[i]);
+  Place next = 0;  // Of those before.
+  for (Place place = 0; place < nodes_.list.size(); ++place) {
+    const auto found = before.places.find(nodes_.list[place].serial);
+    if (found == before.places.end() || found->second < next) {
+      damage(nodes_.boxes[place]);
       continue;
     }
     for (; next < found->second; ++next) damage(before.boxes[next]);
-    if (before.list[next].paints != nodes_.list[i].paints) {
+    if (before.list[next].paints != nodes_.list[place].paints) {
       damage(before.boxes[next]);
-      damage(nodes_.boxes[i]);
+      damage(nodes_.boxes[place]);
     }
     ++next;
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/quartzcore/paint.h"
@@ -26,25 +27,31 @@ class Scene {
     std::uint64_t serial;  ///< Of the layer.
     Inherited inherited;
     PixelBox clip{};
-    std::size_t end = 0;  ///< Behind the last node of the subtree.
+    std::size_t end = 0;  ///< The place behind the last node of the subtree.
     bool isOpen = false;  ///< Nodes of sublayers follow, with this inheritance and clip:
     Inherited inheritance{};
     PixelBox innerClip{};
     std::vector<Paint> paints{};
   };
+  using Place = std::size_t;  ///< Of a node.
   struct Nodes {
+    void setBox(Place place, const PixelBox& box);
+
     std::vector<Node> list;
-    std::vector<PixelBox>
-        boxes;  ///< Around what each paints. By themselves: there may be many to go through.
+    std::unordered_map<std::uint64_t, Place> places;  ///< By the serial number of the layer.
+    // There may be very many nodes to ask for what they paint.
+    std::vector<PixelBox> boxes;       ///< Around what each node paints,
+    std::vector<PixelBox> blockBoxes;  ///< and around all of a block of nodes that follow one another.
   };
 
   bool mayHaveChanged(const FrameMoment& moment) const;
   void collect(Node& node) const;
   Nodes build(const std::vector<const CALayer*>& backToFront) const;
   void append(Nodes& nodes, const CALayer& layer, const Inherited& inherited, const PixelBox& clip) const;
+  std::vector<Place> changedPlaces() const;
   /// Both false when nodes have to come or go, for layers have come into sight or gone out of it.
   bool updateInPlace();
-  bool updateSubtree(std::size_t index, const Inherited& inherited, const PixelBox& clip);
+  bool refresh(Place place, const Inherited& inherited, const PixelBox& clip);
   void damageDifferencesTo(const Nodes& before);
   void damage(const PixelBox& box);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 class CALayer;
@@ -8,12 +9,15 @@ class CALayer;
 /// Whether there may be more to see on the screen than when it was last drawn, known without drawing it.
 /// While the count stays and no animation runs, the screen looks the same.
 
-/// Something that a frame could show has changed.
-void noteScreenChange();
-/// Grows with every change noted.
+/// Something of a layer that a frame could show has changed.
+void noteScreenChange(const CALayer& layer);
+/// Grows by one with every change noted.
 std::uint64_t screenChangeCount();
+/// The serial numbers of the layers that have changed since the count was `count`, some of them more than
+/// once; nothing where that is too long ago to tell.
+std::optional<std::vector<std::uint64_t>> layersChangedSince(std::uint64_t count);
 
-/// A layer has come into a tree, has left one, or has another place in it: a change that reaches further.
+/// Layers have come into a tree, have left one, or have other places in it: a change as well.
 void noteTreeChange();
 /// Grows with every such change.
 std::uint64_t treeChangeCount();

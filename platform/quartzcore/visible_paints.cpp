@@ -19,12 +19,15 @@ struct VisiblePaint {
 std::vector<VisiblePaint> visibleFrontToBack(const std::vector<const Paint*>& backToFront,
                                              const PixelRegion& region) {
   PixelRegion open = region;
+  PixelBox extents = open.extents();
   std::vector<VisiblePaint> visible;
   for (const Paint* paint : backToFront | std::views::reverse) {
-    if (!open.intersects(paint->box)) continue;
+    if (!paint->box.intersects(extents) || !open.intersects(paint->box)) continue;
     visible.push_back({paint, open.intersected(paint->box).boxes()});
-    if (!paint->covered.empty() && open.boxCount() < mostBoxes) open.subtract(paint->covered);
+    if (paint->covered.empty() || open.boxCount() >= mostBoxes) continue;
+    open.subtract(paint->covered);
     if (open.empty()) break;
+    extents = open.extents();
   }
   return visible;
 }

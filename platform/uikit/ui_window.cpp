@@ -28,7 +28,7 @@ void moveToFrontOfLevel(UIWindow& window) {
     return other->windowLevel() > window.windowLevel();
   });
   windows.insert(nextLevel, &window);
-  noteScreenChange();
+  noteTreeChange();
 }
 
 }  // namespace
@@ -41,7 +41,7 @@ UIWindow::UIWindow(CGRect frame) : UIView(frame) {
 UIWindow::~UIWindow() {
   std::erase(windowOrder(), this);
   std::erase(keyOrder(), this);
-  noteScreenChange();
+  noteTreeChange();
 }
 
 void UIWindow::setWindowLevel(CGFloat level) {
