@@ -18,7 +18,7 @@ std::shared_ptr<UIImage> stackBlur(const std::shared_ptr<UIImage>& image, std::u
 /// that size is empty.
 std::shared_ptr<UIImage> normalize(const UIImage& image);
 
-/// Blurs bytes 0, 1 and 2 of each pixel in place; byte 3 is neither read nor written. Pixels have 4 bytes,
+/// Blurs bytes 0, 1 and 2 of each pixel in place; byte 3 stays as it is. Pixels have 4 bytes,
 /// rows exactly 4 x `width`. Edge pixels count as repeated beyond the edges. A width or height below 1
 /// changes nothing.
 void applyStackBlurToBuffer(std::uint8_t* buffer, std::int32_t width, std::int32_t height,

@@ -19,10 +19,10 @@ constexpr std::uint32_t maxRadius = std::numeric_limits<std::uint32_t>::max();
 TEST(StackBlur, IsItsDefinitionForAnySizeAndRadius) {
   std::mt19937 random(5);
   const std::uint32_t radii[] = {0,   1,   2,    3,    7,        10,       50,       181,
-                                 255, 256, 4095, 4200, 1u << 16, 1u << 28, 1u << 31, maxRadius};
+                                 255, 256, 2900, 2901, 1u << 16, 1u << 28, 1u << 31, maxRadius};
   for (const std::uint32_t radius : radii) {
     for (int round = 0; round < 8; ++round) {
-      const int width = int(random() % 17) + 1, height = int(random() % 17) + 1;
+      const int width = int(random() % 40) + 1, height = int(random() % 40) + 1;
       Bytes pixels(std::size_t(width) * std::size_t(height) * 4);
       // Every other round of nothing but extremes, where means fall on whole numbers or just short of them.
       for (auto& byte : pixels) byte = round % 2 ? std::uint8_t(random()) : random() % 4 ? 255 : 0;
