@@ -1,19 +1,18 @@
-// The stack blur of a whole 640 x 960 screen, against the two ends of what there is to compare it with: its
-// definition computed term by term, and a mere copy of the pixels. Both run beside it in every iteration, so
-// that a busy machine slows all of them alike.
+// The stack blur of a whole screen, between what it could cost and what it cannot go below: its definition
+// computed term by term, and mere copies of the pixels.
 
 #include "effects/stack_blur.h"
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
-#include <chrono>
-#include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <random>
-#include <vector>
+#include <stdexcept>
 
+#include "bench/figure.h"
+
+namespace bench {
 namespace {
 
 constexpr int width = 640;
@@ -50,43 +49,55 @@ void directPass(const Pixels& from, Pixels& to, int count, int step, int lines, 
 }
 
 void directBlur(Pixels& pixels, int radius) {
-  Pixels rows(pixels.size());
+  Pixels rows = pixels;
   directPass(pixels, rows, width, bytesPerPixel, height, width * bytesPerPixel, radius);
   directPass(rows, pixels, height, width * bytesPerPixel, width, bytesPerPixel, radius);
 }
 
-template <class Work>
-double secondsOf(Work work) {
-  const auto begin = std::chrono::steady_clock::now();
-  work();
-  benchmark::ClobberMemory();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+void blur(Pixels& pixels, int radius) {
+  vistrel::applyStackBlurToBuffer(pixels.data(), width, height, std::uint32_t(radius));
 }
 
-void stackBlur(benchmark::State& state) {
-  const int radius = int(state.range(0));
-  const Pixels original = noise();
-  Pixels blurred = original;
-  Pixels direct = original;
-  double blurSeconds = 0;
-  double directSeconds = 0;
-  double copySeconds = 0;
-  for (auto _ : state) {
-    copySeconds += secondsOf([&] { std::memcpy(blurred.data(), original.data(), original.size()); });
-    const double seconds = secondsOf(
-        [&] { vistrel::applyStackBlurToBuffer(blurred.data(), width, height, std::uint32_t(radius)); });
-    state.SetIterationTime(seconds);
-    blurSeconds += seconds;
-    std::memcpy(direct.data(), original.data(), original.size());
-    directSeconds += secondsOf([&] { directBlur(direct, radius); });
-    if (direct != blurred) {
-      state.SkipWithError("the blur differs from its definition");
-      break;
-    }
-  }
-  state.counters["x_faster_than_direct"] = directSeconds / blurSeconds;
-  state.counters["x_slower_than_copy"] = blurSeconds / copySeconds;
+/// A work on a picture that begins as noise each time.
+template <class Work>
+std::function<double()> onNoise(Work work) {
+  auto original = std::make_shared<Pixels>(noise()), pixels = std::make_shared<Pixels>(*original);
+  return [=] {
+    *pixels = *original;
+    return secondsOf([&] { work(*pixels); });
+  };
 }
-BENCHMARK(stackBlur)->Arg(2)->Arg(10)->Arg(50)->UseManualTime()->Unit(benchmark::kMillisecond)->MinTime(0.05);
+
+std::function<double()> blurring(int radius) {
+  return onNoise([=](Pixels& pixels) { blur(pixels, radius); });
+}
+
+Works besideDefinition(int radius) {
+  Pixels fast = noise(), direct = fast;
+  blur(fast, radius);
+  directBlur(direct, radius);
+  if (fast != direct) throw std::logic_error("the blur differs from its definition");
+  return {blurring(radius), onNoise([=](Pixels& pixels) { directBlur(pixels, radius); })};
+}
+
+Works besideCopies(int radius) {
+  auto copy = std::make_shared<Pixels>(noise());
+  return {blurring(radius), onNoise([=](Pixels& pixels) {
+            std::memcpy(copy->data(), pixels.data(), pixels.size());
+            std::memcpy(pixels.data(), copy->data(), pixels.size());
+          })};
+}
 
 }  // namespace
+
+void addStackBlurFigures() {
+  addFigure("stack-blur/radius-10/direct", "its definition, term by term", atLeast(8),
+            [] { return besideDefinition(10); });
+  addFigure("stack-blur/radius-10/copies", "two memcpys of the picture", atMost(6),
+            [] { return besideCopies(10); });
+  addFigure("stack-blur/radius-200", "radius 2", atMost(1.15), [] {
+    return Works{blurring(200), blurring(2)};
+  });
+}
+
+}  // namespace bench

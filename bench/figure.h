@@ -1,0 +1,54 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <utility>
+
+namespace bench {
+
+/// How large a figure's ratio may be, or has to be.
+struct Bound {
+  enum class Kind { AtMost, AtLeast } kind;
+  double ratio;
+};
+inline Bound atMost(double ratio) { return {Bound::Kind::AtMost, ratio}; }
+inline Bound atLeast(double ratio) { return {Bound::Kind::AtLeast, ratio}; }
+
+/// What a figure compares. Each does its work once and returns how long that took, in seconds, without what
+/// it had to prepare; they take turns, so that a busy machine slows both.
+struct Works {
+  std::function<double()> measured;
+  std::function<double()> reference;
+};
+
+/// A row of the table: how long a work takes beside its reference. The ratio is measured / reference where it
+/// is to be small (AtMost), and reference / measured, "so many times faster", where it is to be large.
+/// `prepare` and the works run in a process of their own; what they hold on to is destroyed with them.
+void addFigure(std::string name, std::string reference, Bound bound, std::function<Works()> prepare);
+
+/// A row that is a number and no time: at most `most` of `what`.
+void addCount(std::string name, std::string what, int most, std::function<int()> count);
+
+template <class Work>
+double secondsOf(Work work) {
+  const auto begin = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+/// A work that needs no preparation.
+template <class Work>
+std::function<double()> timed(Work work) {
+  return [work = std::move(work)] { return secondsOf(work); };
+}
+
+// The rows, by what they are about; each adds its own.
+void addFrameFigures();
+void addSwitcherFigures();
+void addStackBlurFigures();
+void addPreferencesFigures();
+void addTreeFigures();
+void addIdleFigures();
+
+}  // namespace bench
