@@ -9,6 +9,7 @@
 #include "host/event_log.h"
 #include "host/exit_code.h"
 #include "host/failure.h"
+#include "host/frame_meter.h"
 #include "host/interruption.h"
 #include "host/machine_file.h"
 #include "host/options.h"
@@ -88,8 +89,11 @@ int play(const host::Options& options) {
   refuseOneFileForBoth(options);
   Script script(options.script);
   Device device(options, host::MachineFile::Existing::Emptied);
-  const int result =
-      host::runScript(script.lines(), script.name(), device.springBoard(), std::cout, std::cerr);
+  std::optional<host::FrameMeter> meter;
+  if (options.stats) meter.emplace(RunLoop::main().now());
+  const int result = host::runScript(script.lines(), script.name(), device.springBoard(), std::cout,
+                                     std::cerr, meter ? &*meter : nullptr);
+  if (meter) std::cerr << host::reportOf(meter->statistics()) << std::flush;
   device.checkLog();
   return result;
 }

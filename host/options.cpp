@@ -82,6 +82,10 @@ std::variant<Options, EarlyExit> parseOptions(int argumentCount, const char* con
                                 "Play this script; - reads it from standard input, line by line")
                      ->check(notEmpty)
                      ->type_name("FILE");
+  app.add_flag("--stats", options.stats,
+               "Draw what changes 60 times a second of the script, and say how long that took")
+      ->disable_flag_override()
+      ->needs(script);
   auto* serve =
       app.add_option("--serve", address,
                      fmt::format("Run in real time and serve a page to use the device on, at {} unless given",

@@ -17,6 +17,7 @@ inline constexpr const char* standardInput = "-";
 struct Options {
   BootOptions boot;
   std::optional<std::string> script;         ///< A path of this machine, or standardInput.
+  bool stats = false;                        ///< Measure the script's frames.
   std::optional<std::filesystem::path> log;  ///< Nothing: no log.
   std::optional<unsigned> seed;
   std::optional<ServeOptions> serve;  ///< Nothing: a script, in virtual time.

@@ -25,8 +25,8 @@ constexpr std::size_t longestLine = 64 << 10;  // Bytes.
 class ScriptRun {
  public:
   ScriptRun(std::istream& lines, const std::string& name, SpringBoard& springBoard, std::ostream& output,
-            std::ostream& errors)
-      : lines_(lines), name_(name), errors_(errors), verbs_(springBoard, output) {}
+            std::ostream& errors, FrameMeter* meter)
+      : lines_(lines), name_(name), errors_(errors), verbs_(springBoard, output, meter) {}
 
   int play() {
     int result = exitSuccess;
@@ -88,8 +88,8 @@ class ScriptRun {
 }  // namespace
 
 int runScript(std::istream& lines, const std::string& name, SpringBoard& springBoard, std::ostream& output,
-              std::ostream& errors) {
-  return ScriptRun(lines, name, springBoard, output, errors).play();
+              std::ostream& errors, FrameMeter* meter) {
+  return ScriptRun(lines, name, springBoard, output, errors, meter).play();
 }
 
 }  // namespace host

@@ -1,6 +1,7 @@
 #include "host/script_time.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "host/failure.h"
@@ -11,12 +12,23 @@ namespace host {
 void ScriptTime::advanceTo(CFTimeInterval time) {
   stopIfInterrupted();
   RunLoop& loop = RunLoop::main();
-  while (recorder_ && recorder_->nextFrame() <= time) {
-    loop.advanceTo(recorder_->nextFrame());
-    recorder_->takeFrame();
+  for (CFTimeInterval frame = nextFrame(); frame <= time; frame = nextFrame()) {
+    loop.advanceTo(frame);
+    takeFramesDueBy(frame);
     stopIfInterrupted();
   }
   loop.advanceTo(time);
+}
+
+CFTimeInterval ScriptTime::nextFrame() const {
+  constexpr CFTimeInterval never = std::numeric_limits<CFTimeInterval>::infinity();
+  return std::min(meter_ ? meter_->nextFrame() : never, recorder_ ? recorder_->nextFrame() : never);
+}
+
+void ScriptTime::takeFramesDueBy(CFTimeInterval time) {
+  // The meter first: once the recorder has drawn the same frame, nothing is left to measure.
+  if (meter_ && meter_->nextFrame() <= time) meter_->takeFrame();
+  if (recorder_ && recorder_->nextFrame() <= time) recorder_->takeFrame();
 }
 
 void ScriptTime::advanceWhile(const std::function<bool()>& wanted, CFTimeInterval limit) {

@@ -4,19 +4,23 @@
 #include <functional>
 #include <memory>
 
+#include "host/frame_meter.h"
 #include "host/recorder.h"
 #include "platform/foundation/run_loop.h"
 
 namespace host {
 
 /// How time passes in a script: the run loop's virtual time, with a picture taken at each frame of a
-/// recording.
+/// recording, and at each that is measured.
 class ScriptTime {
  public:
+  /// `meter` outlives this object; null where nothing is measured.
+  explicit ScriptTime(FrameMeter* meter = nullptr) : meter_(meter) {}
+
   CFTimeInterval now() const { return RunLoop::main().now(); }
 
   // Whatever lets time pass throws Failure when the process has been interrupted, within a frame of a
-  // recording.
+  // recording or of the meter.
 
   /// Runs what is due now; no time passes.
   void turn() { advanceTo(now()); }
@@ -32,6 +36,11 @@ class ScriptTime {
   bool recording() const { return recorder_ != nullptr; }
 
  private:
+  /// When the next picture is due; never where nobody takes any.
+  CFTimeInterval nextFrame() const;
+  void takeFramesDueBy(CFTimeInterval time);
+
+  FrameMeter* meter_;
   std::unique_ptr<Recorder> recorder_;  // Exists while recording.
 };
 

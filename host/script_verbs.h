@@ -13,8 +13,10 @@ namespace host {
 /// IncoherentTouch for a finger that cannot move so.
 class ScriptVerbs {
  public:
-  /// Lists and descriptions without a file go to `output`. Both outlive this object.
-  ScriptVerbs(SpringBoard& springBoard, std::ostream& output) : springBoard_(springBoard), output_(output) {}
+  /// Lists and descriptions without a file go to `output`, frames through `meter` where there is one. All of
+  /// them outlive this object.
+  ScriptVerbs(SpringBoard& springBoard, std::ostream& output, FrameMeter* meter)
+      : springBoard_(springBoard), output_(output), time_(meter) {}
 
   void perform(const ScriptCommand& command);
 

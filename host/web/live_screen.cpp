@@ -21,15 +21,10 @@ std::shared_ptr<const NSData> LiveScreen::jpeg() {
   return jpeg_;
 }
 
-bool LiveScreen::mayHaveChanged() const {
-  if (!picture_ || screenChangeCount() != changesDrawn_) return true;
-  return anyAnimationRuns() && RunLoop::main().now() > timeDrawn_;
-}
-
-bool LiveScreen::shouldDraw(WallTime now) const { return mayHaveChanged() && now >= nextDrawing_; }
+bool LiveScreen::shouldDraw(WallTime now) const { return drawn_.isOutdated() && now >= nextDrawing_; }
 
 std::optional<WallTime> LiveScreen::nextDrawing(bool timeRuns) const {
-  const bool willChange = mayHaveChanged() || (anyAnimationRuns() && timeRuns);
+  const bool willChange = drawn_.isOutdated() || (anyAnimationRuns() && timeRuns);
   return willChange ? std::optional(nextDrawing_) : std::nullopt;
 }
 
@@ -40,8 +35,7 @@ void LiveScreen::draw(WallTime now) {
   lastDrawing_ = now;
   const bool isOnGrid = now - nextDrawing_ < secondsPerFrame;
   nextDrawing_ = (isOnGrid ? nextDrawing_ : now) + secondsPerFrame;
-  timeDrawn_ = RunLoop::main().now();
-  changesDrawn_ = screenChangeCount();
+  drawn_.note();
   CGImageRef picture = UIGetScreenImage();
   if (picture_ && CGImage::samePixels(*picture_, *picture)) return;
   picture_ = std::move(picture);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 
+#include "host/last_drawing.h"
 #include "host/web/wall_time.h"
 #include "platform/coregraphics/cg_image.h"
 #include "platform/foundation/ns_data.h"
@@ -23,7 +24,7 @@ class LiveScreen {
   std::shared_ptr<const NSData> jpeg();
 
   /// The device's time when it was last drawn.
-  CFTimeInterval timeDrawn() const { return timeDrawn_; }
+  CFTimeInterval timeDrawn() const { return drawn_.time(); }
 
   /// When it should be drawn next; nothing while it stays as it is. `timeRuns` says that the device's time
   /// goes on.
@@ -37,13 +38,10 @@ class LiveScreen {
   void draw(WallTime now);
 
  private:
-  bool mayHaveChanged() const;
-
   CGImageRef picture_;
   std::shared_ptr<const NSData> jpeg_;  // Of the picture; null until somebody wants it.
   std::uint32_t version_ = 0;
-  std::uint64_t changesDrawn_ = 0;  // Changes of layers when it was last drawn.
-  CFTimeInterval timeDrawn_ = 0;
+  LastDrawing drawn_;
   WallTime lastDrawing_ = 0, nextDrawing_ = 0;
 };
 

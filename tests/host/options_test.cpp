@@ -21,15 +21,16 @@ TEST(Options, AreReadFromTheCommandLine) {
   const auto plain = std::get<Options>(parse({}));
   EXPECT_EQ(plain.boot.model.name, "iphone-4");
   EXPECT_TRUE(plain.boot.loadTweaks);
-  EXPECT_FALSE(plain.boot.startLocked || plain.script || plain.log || plain.seed);
+  EXPECT_FALSE(plain.boot.startLocked || plain.script || plain.stats || plain.log || plain.seed);
 
   const auto full = std::get<Options>(parse({"--root", "/r", "--device=ipad", "--no-tweaks", "--locked",
-                                             "--script", "-", "--log", "l.json", "--seed", "7"}));
+                                             "--script", "-", "--stats", "--log", "l.json", "--seed", "7"}));
   EXPECT_EQ(full.boot.root, "/r");
   EXPECT_EQ(full.boot.model.size.width, 768);
   EXPECT_FALSE(full.boot.loadTweaks);
   EXPECT_TRUE(full.boot.startLocked);
   EXPECT_EQ(full.script, standardInput);
+  EXPECT_TRUE(full.stats);
   EXPECT_EQ(full.log, "l.json");
   EXPECT_EQ(full.seed, 7u);
   EXPECT_EQ(std::get<EarlyExit>(parse({"--help"})).exitCode, 0);
@@ -68,6 +69,8 @@ TEST(Options, WrongOnesAreRefusedInOneLine) {
                                                        {"--serve", "192.168.1.2:80"},
                                                        {"--serve", "--token", "short"},
                                                        {"--locked", "--token"},
+                                                       {"--stats"},
+                                                       {"--serve", "--stats"},
                                                        {"--script", "s", "--serve"}};
   for (auto& arguments : cases) {
     const auto parsed = parse(arguments);

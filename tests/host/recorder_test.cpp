@@ -73,23 +73,28 @@ class RecorderTest : public testing::Test {
 };
 
 TEST_F(RecorderTest, TakesThirtyPicturesASecondAndMergesEqualOnes) {
-  time_.advanceBy(0.7);  // Frames count from the recording's start, wherever that lies.
-  time_.startRecording(file_, 0.5);
-  turnBlue(0.51);  // Seen by the picture at 16/30 s.
-  time_.advanceBy(0.2);
-  time_.advanceBy(0.8);
-  time_.stopRecording();
+  FrameMeter meter(time_.now());
+  ScriptTime measuredTime(&meter);
+  for (ScriptTime* time : {&time_, &measuredTime}) {
+    display_->color = {1, 0, 0, 1};
+    time->advanceBy(0.71);  // Frames count from the recording's start, wherever that lies.
+    time->startRecording(file_, 0.5);
+    turnBlue(0.51);  // Seen by the picture at 16/30 s.
+    time->advanceBy(0.2);
+    time->advanceBy(0.8);
+    time->stopRecording();
 
-  const auto frames = framesOf(file_);
-  ASSERT_EQ(frames.size(), 2u);
-  EXPECT_EQ(frames[0].duration, 533);
-  EXPECT_EQ(frames[1].duration, 1033 - 533);  // The picture at the stop stands for a thirtieth.
-  EXPECT_EQ(frames[0].width, 20);
-  EXPECT_EQ(frames[0].height, 30);
-  EXPECT_GT(frames[0].red, 245);
-  EXPECT_LT(frames[0].blue, 10);
-  EXPECT_LT(frames[1].red, 10);
-  EXPECT_GT(frames[1].blue, 245);
+    const auto frames = framesOf(file_);
+    ASSERT_EQ(frames.size(), 2u);
+    EXPECT_EQ(frames[0].duration, 533);
+    EXPECT_EQ(frames[1].duration, 1033 - 533);  // The picture at the stop stands for a thirtieth.
+    EXPECT_EQ(frames[0].width, 20);
+    EXPECT_EQ(frames[0].height, 30);
+    EXPECT_GT(frames[0].red, 245);
+    EXPECT_LT(frames[0].blue, 10);
+    EXPECT_LT(frames[1].red, 10);
+    EXPECT_GT(frames[1].blue, 245);
+  }
 }
 
 TEST_F(RecorderTest, RefusesWhatCannotBeRecorded) {

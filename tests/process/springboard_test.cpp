@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <nlohmann/json.hpp>
+#include <regex>
 #include <sstream>
 
 #include "tests/support/temporary_root.h"
@@ -94,6 +95,25 @@ TEST_F(Process, ASwipeOpensTheAppUnderTheFinger) {
   EXPECT_EQ(open["subviews"][1]["class"], "CardDragger");
   EXPECT_TRUE(fs::exists(root() / "var/mobile/Library/Caches/VitsrelSB.png"));
   EXPECT_TRUE(fs::exists(root() / "var/mobile/Library/Preferences/com.zantric.vistrel.plist"));
+}
+
+TEST_F(Process, MeasuringItsFramesChangesNothingOfARun) {
+  const Result plain = run("", pickSecondIcon);
+  fs::remove_all(root() / "var/mobile");
+  const Result measured = run("--stats", pickSecondIcon);
+  EXPECT_EQ(measured.exit, 0);
+  EXPECT_EQ(measured.log, plain.log);
+  const json before = json::parse(plain.output), after = json::parse(measured.output);
+  EXPECT_EQ(after["time"], before["time"]);
+  EXPECT_EQ(after["device"], before["device"]);
+  EXPECT_EQ(after["windows"].back(), before["windows"].back());
+  EXPECT_TRUE(std::regex_match(
+      measured.errors,
+      std::regex("frames drawn: [1-9]\\d+\nframes skipped: [1-9]\\d+\nrender time: .*\\(max\\)\n")))
+      << measured.errors;
+  const Result failed = run("--stats", "fly");
+  EXPECT_EQ(failed.exit, 2);
+  EXPECT_EQ(failed.errors, "in.script:1: unknown verb \"fly\"\nframes drawn: 0\nframes skipped: 0\n");
 }
 
 TEST_F(Process, WithoutTheLibraryNothingOfTheSwitcherIsThere) {
