@@ -13,5 +13,7 @@ inline constexpr double maxBlurSigma = 64;
 
 /// Blurs premultiplied 32-bit pixels in place by a Gaussian whose standard deviations are `sigmaX` and
 /// `sigmaY` pixels, 0 to maxBlurSigma. The pixels at the edges repeat outside.
+/// Values are off by little more than the half step of their rounding. A picture of one colour stays what it
+/// is, and premultiplied pixels stay premultiplied.
 void blurGaussian(std::uint8_t* pixels, int width, int height, std::size_t bytesPerRow, double sigmaX,
                   double sigmaY);
