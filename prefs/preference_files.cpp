@@ -1,8 +1,11 @@
 #include "prefs/preference_files.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 #include <string>
+#include <utility>
 #include <variant>
 
 #include "platform/foundation/file_manager.h"
@@ -98,9 +101,24 @@ std::optional<std::int32_t> convert(const PropertyList& value, std::int32_t Sett
   auto number = value.intValue();
   return number && *number != 0 ? number : std::nullopt;
 }
+
+/// An archive is a property list of its own, and seldom another than when the file was last read.
+std::optional<UIColor> colorIn(const NSData& archive) {
+  struct Known {
+    NSData archive;
+    std::optional<UIColor> color;
+  };
+  static std::array<Known, 2> known;  // There are two such keys.
+  static std::size_t oldest = 0;
+  const auto found = std::ranges::find(known, archive, &Known::archive);
+  if (found != known.end()) return found->color;
+  Known& latest = known[std::exchange(oldest, (oldest + 1) % known.size())];
+  latest = {archive, unarchiveColorWithData(archive)};
+  return latest.color;
+}
 std::optional<UIColor> convert(const PropertyList& value, UIColor Settings::*) {
-  auto* data = value.as<NSData>();
-  return data ? unarchiveColorWithData(*data) : std::nullopt;
+  auto* archive = value.as<NSData>();
+  return archive ? colorIn(*archive) : std::nullopt;
 }
 
 void applyKey(const Key& key, const PropertyList* inFile) {
@@ -118,6 +136,14 @@ void applyKey(const Key& key, const PropertyList* inFile) {
       key.setting);
 }
 
+/// The file's dictionary: nothing when there is no file, an empty one when it cannot be read. Looks for what
+/// is there only when nothing could be read.
+std::optional<PropertyListDictionary> readIfThere(const char* path) {
+  auto dictionary = dictionaryWithContentsOfFile(path);
+  if (!dictionary && NSFileManager::defaultManager().fileExists(path)) dictionary.emplace();
+  return dictionary;
+}
+
 std::string withoutPrefix(std::string key) {
   for (auto at = key.find(appKeyPrefix); at != std::string::npos; at = key.find(appKeyPrefix, at)) {
     key.erase(at, appKeyPrefix.size());
@@ -127,10 +153,7 @@ std::string withoutPrefix(std::string key) {
 
 }  // namespace
 
-std::optional<PropertyListDictionary> readPreferencesFile() {
-  if (!NSFileManager::defaultManager().fileExists(preferencesPath)) return std::nullopt;
-  return dictionaryWithContentsOfFile(preferencesPath).value_or(PropertyListDictionary());
-}
+std::optional<PropertyListDictionary> readPreferencesFile() { return readIfThere(preferencesPath); }
 
 PropertyListDictionary defaultPreferences() {
   PropertyListDictionary preferences;
@@ -155,9 +178,10 @@ void applyPreferences(const PropertyListDictionary& preferences) {
 }
 
 void readDisabledApps() {
-  if (!NSFileManager::defaultManager().fileExists(appsPath)) return;
+  const auto apps = readIfThere(appsPath);
+  if (!apps) return;
   disabledApps.clear();
-  for (const auto& [key, value] : dictionaryWithContentsOfFile(appsPath).value_or(PropertyListDictionary())) {
+  for (const auto& [key, value] : *apps) {
     if (value.boolValue().value_or(false)) disabledApps.push_back(withoutPrefix(key));
   }
 }

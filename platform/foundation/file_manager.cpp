@@ -1,7 +1,9 @@
 #include "platform/foundation/file_manager.h"
 
 #include <fcntl.h>
+#include <linux/openat2.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -19,15 +21,20 @@ constexpr std::string_view var = "/var";
 constexpr mode_t fileMode = 0644;
 constexpr off_t largestFile = 64 << 20;  // Bytes; no file of the device comes near it.
 constexpr std::string_view temporaryPrefix = ".write-";
-constexpr std::string_view temporarySuffix = "XXXXXX";              // Which mkostemp() replaces.
-constexpr int mostTemporaries = 10;                                 // Of one write; a second one is rare.
-constexpr int safeOpenFlags = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;  // Not waiting for a pipe's other end.
+constexpr std::string_view temporarySuffix = "XXXXXX";  // Which mkostemp() replaces.
+constexpr int mostTemporaries = 10;                     // Of one write; a second one is rare.
+constexpr int openFlags = O_CLOEXEC | O_NONBLOCK;       // Not waiting for a pipe's other end.
+constexpr int safeOpenFlags = openFlags | O_NOFOLLOW;
 
 /// The one spelling of a device path: no "." and "..", no doubled or trailing slash, /var for /private/var.
 std::string standardizedPath(std::string_view devicePath) {
-  fs::path normal = fs::path(devicePath).lexically_normal();
-  if (!normal.has_filename()) normal = normal.parent_path();
-  std::string path = normal.string();
+  const auto holds = [&](std::string_view part) { return devicePath.find(part) != std::string_view::npos; };
+  std::string path(devicePath);
+  if (holds("/.") || holds("//") || devicePath.ends_with('/')) {
+    fs::path normal = fs::path(devicePath).lexically_normal();
+    if (!normal.has_filename()) normal = normal.parent_path();
+    path = normal.string();
+  }
   const bool isPrivate =
       path.starts_with(privateVar) && (path.size() == privateVar.size() || path[privateVar.size()] == '/');
   if (isPrivate) path.replace(0, privateVar.size(), var);
@@ -46,6 +53,15 @@ bool hasDanglingLink(fs::path path, const fs::path& folder) {
     if (fs::is_symlink(fs::symlink_status(path, error))) return true;
   }
   return false;
+}
+
+/// Opens a path without any link in it, the short way. Where there is one the number is negative, and errno
+/// anything but ENOENT; so it is where the system does not know this way.
+int openWithoutLinks(const std::string& path, int flags) {
+  open_how how{};
+  how.flags = std::uint64_t(flags);
+  how.resolve = RESOLVE_NO_SYMLINKS;
+  return int(::syscall(SYS_openat2, AT_FDCWD, path.c_str(), &how, sizeof how));
 }
 
 bool writePlain(const fs::path& path, const NSData& data) {
@@ -108,22 +124,34 @@ void NSFileManager::setRoot(fs::path root) {
   if (!root_.has_filename()) root_ = root_.parent_path();
 }
 
-std::optional<fs::path> NSFileManager::resolve(std::string_view devicePath) const {
+std::optional<std::string> NSFileManager::pathBelowRoot(std::string_view devicePath) const {
   const bool isAbsolute = devicePath.starts_with('/');
   const bool holdsNul = devicePath.find('\0') != std::string_view::npos;
   if (root_.empty() || !isAbsolute || holdsNul) return std::nullopt;
+  const std::string path = standardizedPath(devicePath);
+  return path.substr(std::min(path.find_first_not_of('/'), path.size()));
+}
 
-  const fs::path path = root_ / fs::path(standardizedPath(devicePath)).relative_path();
+std::optional<fs::path> NSFileManager::resolve(std::string_view devicePath) const {
+  const auto path = pathBelowRoot(devicePath);
+  if (!path) return std::nullopt;
   std::error_code error;
-  const fs::path real = fs::weakly_canonical(path, error);
+  const fs::path real = fs::weakly_canonical(root_ / *path, error);
   if (error || !liesWithin(real, root_) || hasDanglingLink(real, root_)) return std::nullopt;
   return real;
 }
 
+int NSFileManager::open(std::string_view devicePath, int flags) const {
+  const auto path = pathBelowRoot(devicePath);
+  if (!path) return -1;
+  const int number = openWithoutLinks(root_.native() + '/' + *path, flags);
+  if (number >= 0 || errno == ENOENT) return number;
+  const auto real = resolve(devicePath);
+  return real ? ::open(real->c_str(), flags | O_NOFOLLOW) : -1;
+}
+
 bool NSFileManager::fileExists(std::string_view devicePath) const {
-  const auto path = resolve(devicePath);
-  std::error_code error;
-  return path && fs::exists(*path, error);
+  return Descriptor(open(devicePath, O_PATH | O_CLOEXEC)).isOpen();
 }
 
 std::vector<std::string> NSFileManager::contentsOfDirectory(std::string_view devicePath) const {
@@ -139,8 +167,7 @@ std::vector<std::string> NSFileManager::contentsOfDirectory(std::string_view dev
 }
 
 std::optional<NSData> NSFileManager::contents(std::string_view devicePath) const {
-  const auto path = resolve(devicePath);
-  return path ? Descriptor(::open(path->c_str(), O_RDONLY | safeOpenFlags)).read(largestFile) : std::nullopt;
+  return Descriptor(open(devicePath, O_RDONLY | openFlags)).read(largestFile);
 }
 
 bool NSFileManager::write(std::string_view devicePath, const NSData& data, Writing writing) {

@@ -35,5 +35,10 @@ class NSFileManager {
   bool write(std::string_view devicePath, const NSData& data, Writing writing);
 
  private:
+  /// Relative to the root, without "." and ".."; nothing for what is no path of the device.
+  std::optional<std::string> pathBelowRoot(std::string_view devicePath) const;
+  /// The number of a file descriptor, which the caller owns; negative when there is nothing to open.
+  int open(std::string_view devicePath, int flags) const;
+
   std::filesystem::path root_;
 };

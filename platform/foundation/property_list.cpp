@@ -39,15 +39,14 @@ std::optional<std::int32_t> PropertyList::intValue() const {
 }
 
 const PropertyList* find(const PropertyListDictionary& dictionary, std::string_view key) {
-  auto entry = dictionary.find(std::string(key));
+  auto entry = dictionary.find(key);
   return entry == dictionary.end() ? nullptr : &entry->second;
 }
 
 std::optional<PropertyListDictionary> dictionaryWithContentsOfFile(const std::string& devicePath) {
   const auto data = NSFileManager::defaultManager().contents(devicePath);
   auto list = data ? propertyListWithData(*data) : std::nullopt;
-  auto* dictionary = list ? list->as<PropertyListDictionary>() : nullptr;
-  return dictionary ? std::optional(*dictionary) : std::nullopt;
+  return list ? std::move(*list).take<PropertyListDictionary>() : std::nullopt;
 }
 
 bool writeDictionaryToFile(const PropertyListDictionary& dictionary, const std::string& devicePath) {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -17,7 +18,7 @@
 
 class PropertyList;
 using PropertyListArray = std::vector<PropertyList>;
-using PropertyListDictionary = std::map<std::string, PropertyList>;
+using PropertyListDictionary = std::map<std::string, PropertyList, std::less<>>;  // Found by any text.
 
 /// A reference to another object of a keyed archive.
 struct PropertyListUid {
@@ -54,6 +55,12 @@ class PropertyList {
   template <class T>
   const T* as() const {
     return std::get_if<T>(&value_);
+  }
+  /// What it holds, moved out; nothing unless it is just that type.
+  template <class T>
+  std::optional<T> take() && {
+    T* value = std::get_if<T>(&value_);
+    return value ? std::optional(std::move(*value)) : std::nullopt;
   }
   const Value& value() const { return value_; }
 

@@ -15,7 +15,8 @@ constexpr std::size_t largestUnescaping = 64 << 20;  // Bytes of one text, times
 /// Follows the tags of an XML document, keeping only which arrays and dictionaries are open.
 class XmlNesting {
  public:
-  explicit XmlNesting(std::string_view text) : rest_(text) {}
+  explicit XmlNesting(std::string_view text)
+      : rest_(text), hasEntities_(text.find('&') != std::string_view::npos) {}
 
   bool isBounded() {
     if (rest_.find('\0') != std::string_view::npos) return false;  // No XML character, and no end of a text.
@@ -28,6 +29,7 @@ class XmlNesting {
  private:
   /// For each entity of a text the parser moves all that follows it.
   bool isQuickText() const {
+    if (!hasEntities_) return true;
     const std::string_view text = rest_.substr(0, rest_.find('<'));
     return std::size_t(std::ranges::count(text, '&')) * text.size() <= largestUnescaping;
   }
@@ -57,8 +59,11 @@ class XmlNesting {
 
   /// What looks like a tag here might be a part of this one to the parser.
   bool isPlainTag() const {
-    const std::size_t end = rest_.find_first_of("\"'<>");
-    return end != std::string_view::npos && rest_[end] == '>';
+    for (const char c : rest_) {
+      if (c == '>') return true;
+      if (c == '<' || c == '"' || c == '\'') return false;
+    }
+    return false;
   }
 
   /// A document type stands before everything else and defines nothing of its own.
@@ -87,6 +92,7 @@ class XmlNesting {
   static constexpr std::string_view dictionary = "dict";
 
   std::string_view rest_;
+  bool hasEntities_;
   std::vector<std::string_view> open_;
 };
 

@@ -104,7 +104,7 @@ std::optional<PropertyListDictionary> dictionaryOf(plist_t node, PropertyListFor
     if (!key || !item) return values;
     auto value = valueOf(item, format);
     if (!value || !isText(key)) return std::nullopt;
-    values.insert_or_assign(key, std::move(*value));
+    values.insert_or_assign(values.end(), key, std::move(*value));  // Keys mostly come in order.
   }
 }
 
@@ -131,7 +131,8 @@ std::optional<PropertyList> valueOf(plist_t node, PropertyListFormat format) {
       return PropertyListUid{scalarOf(node, plist_get_uid_val)};
     case PLIST_DATA: {
       const std::string_view bytes = bytesOf(node, plist_get_data_ptr);
-      return NSData(bytes.begin(), bytes.end());
+      const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.data());
+      return NSData(first, first + bytes.size());
     }
     case PLIST_ARRAY:
       return arrayOf(node, format);
