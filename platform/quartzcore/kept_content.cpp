@@ -5,6 +5,7 @@
 #include "platform/quartzcore/layer_cache.h"
 #include "platform/quartzcore/layer_content.h"
 #include "platform/quartzcore/picture_scaling.h"
+#include "platform/quartzcore/plain_subtree.h"
 
 namespace {
 
@@ -25,22 +26,38 @@ bool isShrunkPicture(const PlacedLayer& placed) {
          placed.bounds.bottom - placed.bounds.top < averagedBelow * picture->height();
 }
 
-CGImageRef draw(const PlacedLayer& placed, const LayerCache::ContentKey& key) {
+/// A picture of what `fill(pixels, bytesPerRow)` makes of transparent pixels.
+template <class Fill>
+CGImageRef pictureOf(int width, int height, Fill fill) {
   const CGPixelFormat format;
-  const std::size_t bytesPerRow = static_cast<std::size_t>(key.width) * format.bytesPerPixel();
-  auto pixels =
-      std::make_shared<std::vector<std::uint8_t>>(bytesPerRow * static_cast<std::size_t>(key.height));
+  const std::size_t bytesPerRow = static_cast<std::size_t>(width) * format.bytesPerPixel();
+  auto pixels = std::make_shared<std::vector<std::uint8_t>>(bytesPerRow * static_cast<std::size_t>(height));
+  fill(pixels->data(), bytesPerRow);
+  return CGImage::create(width, height, format, bytesPerRow, std::move(pixels));
+}
+
+/// The same, drawn onto a surface.
+template <class Draw>
+CGImageRef drawing(int width, int height, Draw draw) {
+  return pictureOf(width, height, [&](std::uint8_t* pixels, std::size_t bytesPerRow) {
+    const CairoSurfacePtr surface = wrapPixels(pixels, width, height, bytesPerRow, CGPixelFormat());
+    draw(surface.get());
+    cairo_surface_flush(surface.get());
+  });
+}
+
+CGImageRef draw(const PlacedLayer& placed, const LayerCache::ContentKey& key) {
   if (key.opacity == 1 && isShrunkPicture(placed)) {
     const DeviceBox place = boxThrough(key.toPicture, boxOf(placed.area));
-    scalePicture(*placed.layer.contents(), place, pixels->data(), key.width, key.height);
-    return CGImage::create(key.width, key.height, format, bytesPerRow, std::move(pixels));
+    return pictureOf(key.width, key.height, [&](std::uint8_t* pixels, std::size_t) {
+      scalePicture(*placed.layer.contents(), place, reinterpret_cast<Pixel*>(pixels), key.width, key.height);
+    });
   }
-  const CairoSurfacePtr surface = wrapPixels(pixels->data(), key.width, key.height, bytesPerRow, format);
-  const CairoContextPtr cairo(cairo_create(surface.get()));
-  cairo_set_matrix(cairo.get(), &key.toPicture);
-  drawLayerContent(cairo.get(), placed, key.opacity);
-  cairo_surface_flush(surface.get());
-  return CGImage::create(key.width, key.height, format, bytesPerRow, std::move(pixels));
+  return drawing(key.width, key.height, [&](cairo_surface_t* surface) {
+    const CairoContextPtr cairo(cairo_create(surface));
+    cairo_set_matrix(cairo.get(), &key.toPicture);
+    drawLayerContent(cairo.get(), placed, key.opacity);
+  });
 }
 
 }  // namespace
@@ -68,4 +85,17 @@ CGImageRef keptContent(const PlacedLayer& placed, const PixelBox& box, CGFloat o
     cache.contentKey = key;
   }
   return cache.content;
+}
+
+CGImageRef keptSubtree(const SubtreePaint& what, const PixelBox& box, const FrameMoment& moment) {
+  const LayerCache::SubtreeKey key{what, box};
+  LayerCache& cache = what.layer->cache();
+  if (!cache.subtree || cache.subtreeKey != key) {
+    cache.subtree = drawing(box.width(), box.height(), [&](cairo_surface_t* surface) {
+      cairo_surface_set_device_offset(surface, -box.left, -box.top);
+      paintSubtreePlainly(surface, *what.layer, what.inherited, deviceBox(box), moment);
+    });
+    cache.subtreeKey = key;
+  }
+  return cache.subtree;
 }

@@ -1,9 +1,12 @@
 #pragma once
 
-#include "platform/quartzcore/pixel_box.h"
-#include "platform/quartzcore/placed_layer.h"
+#include "platform/quartzcore/paint.h"
 
 /// A layer's content as a premultiplied picture over `box`, in device pixels, with `opacity` in place of the
 /// layer's own. It is kept with the layer and drawn anew only when its looks, its size or the way it lies on
 /// the pixels have changed: not when it has moved by whole ones. Null where there is no memory for it.
 CGImageRef keptContent(const PlacedLayer& placed, const PixelBox& box, CGFloat opacity);
+
+/// A layer with all that lies in it, as a premultiplied picture over `box`, in device pixels; kept with the
+/// layer until anything of it changes.
+CGImageRef keptSubtree(const SubtreePaint& what, const PixelBox& box, const FrameMoment& moment);

@@ -28,6 +28,15 @@ struct LayerCache {
   ShadowKey shadowKey;
   std::shared_ptr<const ShadowMask> shadow;
 
+  /// The layer with all that lies in it, painted plainly.
+  struct SubtreeKey {
+    SubtreePaint what{};
+    PixelBox box;
+    bool operator==(const SubtreeKey&) const = default;
+  };
+  SubtreeKey subtreeKey;
+  CGImageRef subtree;
+
   /// What the blur filter makes of the layer and what lies in it.
   struct BlurKey {
     std::vector<Paint> paints;

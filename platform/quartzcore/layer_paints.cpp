@@ -112,17 +112,21 @@ bool addContent(const PlacedLayer& placed, const PixelBox& clip, std::vector<Pai
   return true;
 }
 
-/// The whole subtree as one, painted plainly.
+/// The whole subtree as one, painted plainly: into a picture that is kept, unless something in it moves.
 Sublayers addSubtree(const PlacedLayer& placed, const Inherited& inherited, const FrameMoment& moment,
                      const PixelBox& clip, std::vector<Paint>& paints) {
   DeviceBox extent = extentOf(placed, moment);
   if (placed.shadow().color.alpha > 0) extent = extent.united(shadowBox(placed.shadow(), placed.toDevice));
-  const DeviceBox visible = extent.intersected(deviceBox(clip));
-  if (visible.empty()) return Sublayers::Included;
+  const PixelBox box = pixelsTouchedBy(extent.intersected(deviceBox(clip)));
+  if (box.empty()) return Sublayers::Included;
   const CALayer& layer = placed.layer;
   const bool moves = layer.subtreeChangedAt() > screenChangeCount();
-  add(paints, pixelsTouchedBy(visible), {}, clip,
-      SubtreePaint{&layer, inherited, layer.subtreeChangedAt(), moves ? moment.time : 0});
+  const SubtreePaint subtree{&layer, inherited, layer.subtreeChangedAt(), moves ? moment.time : 0};
+  if (moves || box.area() > largestKeptPicture) {
+    add(paints, box, {}, clip, subtree);
+  } else if (const CGImageRef picture = keptSubtree(subtree, box, moment)) {
+    add(paints, box, {}, clip, PicturePaint{picture, box.left, box.top, full, false});
+  }
   return Sublayers::Included;
 }
 

@@ -2,132 +2,91 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
+#include <limits>
 #include <vector>
+
+#include "platform/quartzcore/pixel_averages.h"
 
 namespace {
 
-constexpr int channels = 4;
-constexpr std::size_t alphaByte = 3;
-
-/// How the pixels of the result, along one axis, are made of those of the picture.
+/// How the lines of the result, across one axis, are made of those of the picture.
 class Axis {
  public:
-  /// `count` pixels of the picture are stretched from `begin` to `end` over a result of `resultCount`.
+  /// `count` lines of the picture are stretched from `begin` to `end` over a result of `resultCount`.
   Axis(int count, double begin, double end, int resultCount) {
-    const double step = count / (end - begin);  // Pixels of the picture to one of the result.
-    // A box as wide as a pixel of the result, smoothed by one of the picture, is linear at a width of 1.
+    const double step = count / (end - begin);  // Lines of the picture to one of the result.
+    // A box as wide as a line of the result, smoothed by one of the picture, is linear at a width of 1.
     constexpr double widest = 16;
     const double width = step * averagedBelow < 1 ? 1 : std::min(step, widest);
     const double reach = (width + 1) / 2;
-    taps_ = std::min(static_cast<int>(std::ceil(2 * reach)) + 1, count);
-    samples_.resize(static_cast<std::size_t>(resultCount));
-    weights_.resize(samples_.size() * static_cast<std::size_t>(taps_));
+    const int reached = static_cast<int>(std::ceil(2 * reach)) + 1;
+    taps_ = std::min(reached, count);
+    first_.resize(static_cast<std::size_t>(resultCount));
+    weights_.resize(first_.size() * static_cast<std::size_t>(taps_));
+    std::vector<float> shares(static_cast<std::size_t>(taps_));
     for (int i = 0; i < resultCount; ++i) {
-      Sample& sample = samples_[static_cast<std::size_t>(i)];
-      sample.coverage =
-          static_cast<float>(std::clamp(std::min(i + 1.0, end) - std::max<double>(i, begin), 0.0, 1.0));
       const double center = (i + 0.5 - begin) * step;
       const int low = static_cast<int>(std::floor(center - reach));
-      sample.first = std::clamp(low, 0, count - taps_);
-      float* weights = weights_.data() + static_cast<std::ptrdiff_t>(i) * taps_;
+      const int first = std::clamp(low, 0, count - taps_);
+      std::ranges::fill(shares, 0.0f);
       double sum = 0;
-      for (int tap = low; tap <= low + static_cast<int>(std::ceil(2 * reach)); ++tap) {
-        const double weight = std::clamp(reach - std::abs(tap + 0.5 - center), 0.0, 1.0);
-        // The pixels at the edges repeat outside.
-        weights[std::clamp(tap, sample.first, sample.first + taps_ - 1) - sample.first] +=
-            static_cast<float>(weight);
-        sum += weight;
+      for (int line = low; line < low + reached; ++line) {
+        const double share = std::clamp(reach - std::abs(line + 0.5 - center), 0.0, 1.0);
+        // The lines at the edges repeat outside.
+        const int tap = std::clamp(line - first, 0, taps_ - 1);
+        shares[static_cast<std::size_t>(tap)] += static_cast<float>(share);
+        sum += share;
       }
-      for (int tap = 0; tap < taps_; ++tap) weights[tap] /= static_cast<float>(sum);
+      const double coverage = std::min(i + 1.0, end) - std::max<double>(i, begin);
+      setLine(i, first, shares, std::clamp(coverage, 0.0, 1.0) / sum);
     }
   }
 
   int taps() const { return taps_; }
-  int first(int i) const { return samples_[static_cast<std::size_t>(i)].first; }
-  float coverage(int i) const { return samples_[static_cast<std::size_t>(i)].coverage; }
-  const float* weights(int i) const { return weights_.data() + static_cast<std::ptrdiff_t>(i) * taps_; }
+  int first(int i) const { return first_[static_cast<std::size_t>(i)]; }
+  /// Of as many lines as there are taps, the first and those after it. They add up to 65536, or to less
+  /// where the stretched picture does not cover all of the line.
+  const std::uint16_t* weights(int i) const { return weights_.data() + std::ptrdiff_t{i} * taps_; }
 
  private:
-  struct Sample {
-    int first;       // Of the picture's pixels.
-    float coverage;  // By the stretched picture.
-  };
+  void setLine(int i, int first, const std::vector<float>& shares, double wholeShare) {
+    constexpr int whole = 1 << 16, most = std::numeric_limits<std::uint16_t>::max();
+    first_[static_cast<std::size_t>(i)] = first;
+    std::uint16_t* weights = weights_.data() + std::ptrdiff_t{i} * taps_;
+    const auto factor = static_cast<float>(wholeShare * whole);
+    for (const float share : shares)
+      *weights++ = static_cast<std::uint16_t>(std::min(static_cast<int>(share * factor + 0.5f), most));
+  }
+
   int taps_;
-  std::vector<Sample> samples_;
-  std::vector<float> weights_;
+  std::vector<int> first_;  // Lines of the picture.
+  std::vector<std::uint16_t> weights_;
 };
 
-constexpr int weightBits = 8;
-
-/// sum += row * weight
-void addWeighted(std::uint16_t* sum, const std::uint8_t* row, std::uint16_t weight, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) sum[i] = static_cast<std::uint16_t>(sum[i] + row[i] * weight);
-}
-
-void toFloats(const std::uint16_t* values, float factor, float* floats, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) floats[i] = static_cast<float>(values[i]) * factor;
-}
-
-/// The channels of a pixel, computed with at a time.
-using Channels [[gnu::vector_size(channels * sizeof(float))]] = float;
-
-Channels load(const float* pixel) {
-  Channels result;
-  std::memcpy(&result, pixel, sizeof result);
-  return result;
-}
-
-/// One pixel out of `taps` neighbouring ones.
-Channels weightedSum(const float* pixels, const float* weights, int taps) {
-  Channels sum{};
-  for (int tap = 0; tap < taps; ++tap) sum += load(pixels + tap * channels) * weights[tap];
-  return sum;
-}
-
-void toBytes(const float* values, std::uint8_t* bytes, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i)
-    bytes[i] = static_cast<std::uint8_t>(static_cast<int>(values[i] + 0.5f));
-}
-
-/// Weights in whole parts of 2^weightBits, which they add up to.
-void toParts(const float* weights, std::vector<std::uint16_t>& parts) {
-  constexpr int whole = 1 << weightBits;
-  int sum = 0;
-  for (std::size_t i = 0; i < parts.size(); ++i) {
-    parts[i] = static_cast<std::uint16_t>(std::lround(weights[i] * whole));
-    sum += parts[i];
+/// Makes rows `width` wide of those that `row(i)` begins.
+template <class Row>
+std::vector<Pixel> averaged(const Axis& down, int width, int height, bool opaque, Row row) {
+  std::vector<Pixel> result(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+  std::vector<const Pixel*> rows(static_cast<std::size_t>(down.taps()));
+  for (int y = 0; y < height; ++y) {
+    for (int tap = 0; tap < down.taps(); ++tap)
+      rows[static_cast<std::size_t>(tap)] = row(down.first(y) + tap);
+    averageRows(result.data() + std::ptrdiff_t{y} * width, rows.data(), down.weights(y), down.taps(), width,
+                opaque);
   }
-  auto& largest = *std::ranges::max_element(parts);
-  largest = static_cast<std::uint16_t>(largest + whole - sum);
+  return result;
 }
 
 }  // namespace
 
-void scalePicture(const CGImage& picture, const DeviceBox& place, std::uint8_t* result, int width,
-                  int height) {
+void scalePicture(const CGImage& picture, const DeviceBox& place, Pixel* result, int width, int height) {
   const Axis across(picture.width(), place.left, place.right, width);
   const Axis down(picture.height(), place.top, place.bottom, height);
-  const std::size_t sourceCount = static_cast<std::size_t>(picture.width()) * channels;
-  const std::size_t resultCount = static_cast<std::size_t>(width) * channels;
-  const bool opaque = picture.isOpaque();
-  std::vector<std::uint16_t> parts(static_cast<std::size_t>(down.taps())), sum(sourceCount);
-  std::vector<float> narrow(sourceCount), wide(resultCount);
-  for (int y = 0; y < height; ++y, result += resultCount) {
-    if (!(down.coverage(y) > 0)) continue;  // Transparent, as it came.
-    toParts(down.weights(y), parts);
-    std::ranges::fill(sum, std::uint16_t{0});
-    for (int tap = 0; tap < down.taps(); ++tap)
-      addWeighted(sum.data(), picture.row(down.first(y) + tap), parts[static_cast<std::size_t>(tap)],
-                  sourceCount);
-    toFloats(sum.data(), 1.0f / (1 << weightBits), narrow.data(), sourceCount);
-    for (int x = 0; x < width; ++x) {
-      const float* first = narrow.data() + static_cast<std::ptrdiff_t>(across.first(x)) * channels;
-      Channels pixel = weightedSum(first, across.weights(x), across.taps());
-      if (opaque) pixel[alphaByte] = 255;
-      pixel *= across.coverage(x) * down.coverage(y);
-      std::memcpy(wide.data() + static_cast<std::ptrdiff_t>(x) * channels, &pixel, sizeof pixel);
-    }
-    toBytes(wide.data(), result, resultCount);
-  }
+  const auto low = averaged(down, picture.width(), height, picture.isOpaque(),
+                            [&](int y) { return reinterpret_cast<const Pixel*>(picture.row(y)); });
+  std::vector<Pixel> columns(low.size());
+  transposePixels(low.data(), picture.width(), height, columns.data());
+  const auto narrow = averaged(across, height, width, false,
+                               [&](int x) { return columns.data() + std::ptrdiff_t{x} * height; });
+  transposePixels(narrow.data(), height, width, result);
 }

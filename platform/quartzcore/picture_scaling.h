@@ -1,9 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
 #include "platform/coregraphics/cg_image.h"
 #include "platform/quartzcore/device_box.h"
+#include "platform/quartzcore/pixel_rows.h"
 
 /// Pictures that shrink below this are averaged, others are linear.
 inline constexpr double averagedBelow = 0.75;
@@ -12,5 +11,4 @@ inline constexpr double averagedBelow = 0.75;
 /// `width` by `height` large: averaged where it shrinks, linear elsewhere, as the drawing library does it and
 /// several times as fast. `place` is in the result's pixels; those at its edges are covered in part, those
 /// outside transparent. Internal to the renderer.
-void scalePicture(const CGImage& picture, const DeviceBox& place, std::uint8_t* result, int width,
-                  int height);
+void scalePicture(const CGImage& picture, const DeviceBox& place, Pixel* result, int width, int height);

@@ -52,6 +52,9 @@ Pixel all(Pixel pixel) { return pixel; }
 unsigned factorOf(unsigned factor) { return factor; }
 Pixel madeOpaque(Pixel pixel) { return pixel | opaqueBlackPixel; }
 Pixel sum(Pixel one, Pixel other) { return one + other; }
+unsigned coverageAt(const std::uint16_t* along, std::uint16_t across) {
+  return shadowCoverage(*along, across);
+}
 
 #else
 
@@ -71,11 +74,13 @@ PixelVector madeOpaque(PixelVector pixels) { return hn::Or(pixels, all(opaqueBla
 /// With 8 more bits, so that x / 255 becomes x / 65536.
 PairVector factorOf(unsigned factor) { return hn::Set(Pairs(), static_cast<std::uint16_t>(factor * 257)); }
 
-PairVector restOf(PixelVector pixels) {
-  auto rest = hn::Sub(all(255), hn::ShiftRight<24>(pixels));
-  rest = hn::Or(rest, hn::ShiftLeft<8>(rest));
-  return hn::BitCast(Pairs(), hn::Or(rest, hn::ShiftLeft<16>(rest)));
+/// The same for each pixel's own byte.
+PairVector factorsOf(PixelVector bytes) {
+  const auto factor = hn::Or(bytes, hn::ShiftLeft<8>(bytes));
+  return hn::BitCast(Pairs(), hn::Or(factor, hn::ShiftLeft<16>(factor)));
 }
+
+PairVector restOf(PixelVector pixels) { return factorsOf(hn::Sub(all(255), hn::ShiftRight<24>(pixels))); }
 
 /// The upper channel of each pair is where a product that keeps its high half wants it; the lower one is
 /// brought there and back.
@@ -92,6 +97,13 @@ PixelVector scaled(PixelVector pixels, PairVector factor) {
 PixelVector sum(PixelVector one, PixelVector other) {
   const Bytes bytes;
   return hn::BitCast(Pixels(), hn::SaturatedAdd(hn::BitCast(bytes, one), hn::BitCast(bytes, other)));
+}
+
+/// shadowCoverage() of each pixel.
+PairVector coverageAt(const std::uint16_t* along, std::uint16_t across) {
+  const hn::Rebind<std::uint16_t, Pixels> halves;
+  const auto product = hn::Mul(hn::PromoteTo(Pixels(), hn::LoadU(halves, along)), all(across));
+  return factorsOf(hn::ShiftRight<8>(hn::Add(hn::ShiftRight<16>(product), all(128))));
 }
 
 #endif
@@ -142,6 +154,28 @@ void blend(Pixel* row, const Pixel* source, int count, std::uint8_t opacity) {
   });
 }
 
+void fill(Pixel* row, int count, Pixel color) {
+  const auto filling = all(color);
+  forEachPixel(row, row, count, [=](auto, auto) { return filling; });
+}
+
+void shade(Pixel* row, const std::uint16_t* along, std::uint16_t across, int count, Pixel color) {
+  const auto shaded = [color = all(color)](auto below, auto coverage) {
+    const auto shade = scaled(color, coverage);
+    return sum(shade, scaled(below, restOf(shade)));
+  };
+  const int step = pixelsAtATime();
+  int i = 0;
+  for (; i + step <= count; i += step) store(shaded(load(row + i), coverageAt(along + i, across)), row + i);
+  const int left = count - i;
+  if (left <= 0) return;
+  Pixel rowEnd[mostPixels] = {};
+  std::uint16_t alongEnd[mostPixels] = {};
+  for (int k = 0; k < left; ++k) rowEnd[k] = row[i + k], alongEnd[k] = along[i + k];
+  store(shaded(load(rowEnd), coverageAt(alongEnd, across)), rowEnd);
+  for (int k = 0; k < left; ++k) row[i + k] = rowEnd[k];
+}
+
 }  // namespace
 }  // namespace pixel_rows::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
@@ -154,13 +188,15 @@ HWY_EXPORT(tint);
 HWY_EXPORT(copyTinted);
 HWY_EXPORT(fade);
 HWY_EXPORT(blend);
+HWY_EXPORT(fill);
+HWY_EXPORT(shade);
 }  // namespace pixel_rows
 
 using namespace pixel_rows;
 
 Pixel scaledPixel(Pixel pixel, std::uint8_t factor) { return scaled(pixel, factor); }
 
-void fillRow(Pixel* row, int count, Pixel color) { std::fill_n(row, count, color); }
+void fillRow(Pixel* row, int count, Pixel color) { HWY_DYNAMIC_DISPATCH(fill)(row, count, color); }
 
 void tintRow(Pixel* row, int count, Pixel color) { HWY_DYNAMIC_DISPATCH(tint)(row, count, color); }
 
@@ -179,10 +215,7 @@ void blendRow(Pixel* row, const Pixel* source, int count, std::uint8_t opacity) 
 }
 
 void shadeRow(Pixel* row, const std::uint16_t* along, std::uint16_t across, int count, Pixel color) {
-  for (int i = 0; i < count; ++i) {
-    const Pixel shade = scaled(color, shadowCoverage(along[i], across));
-    row[i] = shade + scaled(row[i], restOf(shade));
-  }
+  HWY_DYNAMIC_DISPATCH(shade)(row, along, across, count, color);
 }
 
 #endif
