@@ -15,13 +15,24 @@ double withoutNoise(double pixels) {
   return std::round(pixels * steps) / steps;
 }
 
+/// Whether the layer's own mask cuts more off than whole pixels.
+bool isCut(const PlacedLayer& placed) {
+  const bool alongPixels = placed.onWholePixels && !(placed.layer.cornerRadius() > 0);
+  return placed.layer.masksToBounds() && !alongPixels;
+}
+
+void clipToMask(cairo_t* cairo, const PlacedLayer& placed) {
+  addRoundedRectangle(cairo, placed.area, placed.layer.cornerRadius());
+  cairo_clip(cairo);
+}
+
 /// A picture and nothing else, upright and so much smaller that the drawing library averages: slowly.
 bool isShrunkPicture(const PlacedLayer& placed) {
   const CGImageRef& picture = placed.layer.contents();
   const cairo_matrix_t& m = placed.toDevice;
   const bool isUpright = m.xx > 0 && m.yy > 0 && m.xy == 0 && m.yx == 0;
-  if (!picture || !picture->isInScreenLayout() || !isUpright || contentTraits(placed).pieces != 1)
-    return false;
+  const bool isPlain = isUpright && !isCut(placed) && contentTraits(placed).pieces == 1;
+  if (!picture || !picture->isInScreenLayout() || !isPlain) return false;
   return placed.bounds.right - placed.bounds.left < averagedBelow * picture->width() ||
          placed.bounds.bottom - placed.bounds.top < averagedBelow * picture->height();
 }
@@ -56,8 +67,23 @@ CGImageRef draw(const PlacedLayer& placed, const LayerCache::ContentKey& key) {
   return drawing(key.width, key.height, [&](cairo_surface_t* surface) {
     const CairoContextPtr cairo(cairo_create(surface));
     cairo_set_matrix(cairo.get(), &key.toPicture);
+    if (isCut(placed)) clipToMask(cairo.get(), placed);
     drawLayerContent(cairo.get(), placed, key.opacity);
   });
+}
+
+LayerCache::ContentKey keyOf(const PlacedLayer& placed, const PixelBox& box, CGFloat opacity) {
+  LayerCache::ContentKey key{placed.layer.looksChangedAt(),
+                             placed.geometry.bounds,
+                             placed.area,
+                             placed.layer.contentBounds(),
+                             placed.toDevice,
+                             box.width(),
+                             box.height(),
+                             opacity};
+  key.toPicture.x0 = withoutNoise(key.toPicture.x0 - box.left);
+  key.toPicture.y0 = withoutNoise(key.toPicture.y0 - box.top);
+  return key;
 }
 
 }  // namespace
@@ -69,22 +95,30 @@ bool LayerCache::ContentKey::operator==(const ContentKey& other) const {
 }
 
 CGImageRef keptContent(const PlacedLayer& placed, const PixelBox& box, CGFloat opacity) {
-  LayerCache::ContentKey key{placed.layer.looksChangedAt(),
-                             placed.geometry.bounds,
-                             placed.area,
-                             placed.layer.contentBounds(),
-                             placed.toDevice,
-                             box.width(),
-                             box.height(),
-                             opacity};
-  key.toPicture.x0 = withoutNoise(key.toPicture.x0 - box.left);
-  key.toPicture.y0 = withoutNoise(key.toPicture.y0 - box.top);
+  const auto key = keyOf(placed, box, opacity);
   LayerCache& cache = placed.layer.cache();
   if (!cache.content || cache.contentKey != key) {
     cache.content = draw(placed, key);
     cache.contentKey = key;
   }
   return cache.content;
+}
+
+CGImageRef keptMaskedShadow(const PlacedLayer& placed, const PixelBox& box) {
+  const auto key = keyOf(placed, box, 1);
+  LayerCache& cache = placed.layer.cache();
+  if (!cache.maskedShadow || cache.maskedShadowKey != key) {
+    PlacedLayer opaque = placed;
+    opaque.opacity = 1;
+    cache.maskedShadow = drawing(box.width(), box.height(), [&](cairo_surface_t* surface) {
+      const CairoContextPtr cairo(cairo_create(surface));
+      cairo_set_matrix(cairo.get(), &key.toPicture);
+      clipToMask(cairo.get(), placed);
+      drawShadow(cairo.get(), opaque.shadow(), key.toPicture, deviceBox({0, 0, box.width(), box.height()}));
+    });
+    cache.maskedShadowKey = key;
+  }
+  return cache.maskedShadow;
 }
 
 CGImageRef keptSubtree(const SubtreePaint& what, const PixelBox& box, const FrameMoment& moment) {

@@ -18,6 +18,9 @@ struct LayerCache {
   };
   ContentKey contentKey;
   CGImageRef content;
+  /// The shadow as one, where the layer's own mask cuts it.
+  ContentKey maskedShadowKey;
+  CGImageRef maskedShadow;
 
   /// The shadow's mask, in pixels from near the corner of what throws it.
   struct ShadowKey {

@@ -89,10 +89,11 @@ ContentTraits contentTraits(const PlacedLayer& placed) {
   traits.pixelByPixel = placed.onWholePixels && !hasPattern && !hasGradient &&
                         (square || !(backgroundAlpha > 0)) && contentsCopy && drawnCopies;
 
+  const bool showsCorners = square || !layer.masksToBounds();
   const auto isOpaque = [](const CGColor& color) { return color.alpha >= 1; };
   traits.opaque = (square && backgroundAlpha >= 1) ||
                   (square && hasPattern && layer.backgroundPattern()->image->isOpaque()) ||
-                  (layer.contents() && layer.contents()->isOpaque()) ||
+                  (showsCorners && layer.contents() && layer.contents()->isOpaque()) ||
                   (square && hasGradient && std::ranges::all_of(gradient->colors(), isOpaque));
   return traits;
 }

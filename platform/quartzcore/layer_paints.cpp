@@ -130,6 +130,20 @@ Sublayers addSubtree(const PlacedLayer& placed, const Inherited& inherited, cons
   return Sublayers::Included;
 }
 
+/// A layer that masks its corners, or its edges between two pixels, with nothing in it. False, and nothing
+/// added, where it is too large to keep pictures of.
+bool addMaskedLeaf(const PlacedLayer& placed, const PixelBox& clip, std::vector<Paint>& paints) {
+  if (placed.bounds.intersected(deviceBox(clip)).empty() || !canBeDrawn(placed.bounds)) return true;
+  const PixelBox box = pixelsTouchedBy(placed.bounds);
+  if (box.area() > largestKeptPicture) return false;
+  const std::uint8_t opacity = byteOf(placed.opacity);
+  if (placed.shadow().color.alpha > 0 && opacity > 0)
+    add(paints, box, {}, clip,
+        PicturePaint{keptMaskedShadow(placed, box), box.left, box.top, opacity, false});
+  const ContentTraits traits = contentTraits(placed);
+  return traits.pieces == 0 || addKept(placed, traits, clip, paints);
+}
+
 void addSublayers(const PlacedLayer& placed, const FrameMoment& moment, const PixelBox& clip,
                   std::vector<Paint>& paints) {
   const Inherited inherited = placed.inheritance();
@@ -149,6 +163,8 @@ Sublayers collectPaints(const PlacedLayer& placed, const Inherited& inherited, c
   const auto asOne = [&] { return addSubtree(placed, inherited, moment, clip, paints); };
   if (placed.layer.masksToBounds()) {
     const bool masksPixels = placed.onWholePixels && !(placed.layer.cornerRadius() > 0);
+    const bool isLeaf = placed.layer.sublayers().empty() && !(placed.blur() > 0);
+    if (!masksPixels && isLeaf && addMaskedLeaf(placed, clip, paints)) return Sublayers::Included;
     if (!masksPixels) return asOne();
     clip = placed.bounds.empty() ? PixelBox{} : clip.intersected(pixelsTouchedBy(placed.bounds));
     if (clip.empty()) return Sublayers::Included;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <vector>
 
 #include "platform/quartzcore/pixel_averages.h"
@@ -13,32 +14,20 @@ namespace {
 class Axis {
  public:
   /// `count` lines of the picture are stretched from `begin` to `end` over a result of `resultCount`.
-  Axis(int count, double begin, double end, int resultCount) {
+  Axis(int count, double begin, double end, int resultCount) : count_(count) {
     const double step = count / (end - begin);  // Lines of the picture to one of the result.
     // A box as wide as a line of the result, smoothed by one of the picture, is linear at a width of 1.
     constexpr double widest = 16;
     const double width = step * averagedBelow < 1 ? 1 : std::min(step, widest);
     const double reach = (width + 1) / 2;
-    const int reached = static_cast<int>(std::ceil(2 * reach)) + 1;
-    taps_ = std::min(reached, count);
+    shares_.resize(static_cast<std::size_t>(std::ceil(2 * reach)) + 1);
+    taps_ = std::min(static_cast<int>(shares_.size()), count);
     first_.resize(static_cast<std::size_t>(resultCount));
     weights_.resize(first_.size() * static_cast<std::size_t>(taps_));
-    std::vector<float> shares(static_cast<std::size_t>(taps_));
     for (int i = 0; i < resultCount; ++i) {
       const double center = (i + 0.5 - begin) * step;
-      const int low = static_cast<int>(std::floor(center - reach));
-      const int first = std::clamp(low, 0, count - taps_);
-      std::ranges::fill(shares, 0.0f);
-      double sum = 0;
-      for (int line = low; line < low + reached; ++line) {
-        const double share = std::clamp(reach - std::abs(line + 0.5 - center), 0.0, 1.0);
-        // The lines at the edges repeat outside.
-        const int tap = std::clamp(line - first, 0, taps_ - 1);
-        shares[static_cast<std::size_t>(tap)] += static_cast<float>(share);
-        sum += share;
-      }
       const double coverage = std::min(i + 1.0, end) - std::max<double>(i, begin);
-      setLine(i, first, shares, std::clamp(coverage, 0.0, 1.0) / sum);
+      setLine(i, center, reach, static_cast<float>(std::clamp(coverage, 0.0, 1.0)));
     }
   }
 
@@ -49,32 +38,66 @@ class Axis {
   const std::uint16_t* weights(int i) const { return weights_.data() + std::ptrdiff_t{i} * taps_; }
 
  private:
-  void setLine(int i, int first, const std::vector<float>& shares, double wholeShare) {
-    constexpr int whole = 1 << 16, most = std::numeric_limits<std::uint16_t>::max();
-    first_[static_cast<std::size_t>(i)] = first;
-    std::uint16_t* weights = weights_.data() + std::ptrdiff_t{i} * taps_;
-    const auto factor = static_cast<float>(wholeShare * whole);
-    for (const float share : shares)
-      *weights++ = static_cast<std::uint16_t>(std::min(static_cast<int>(share * factor + 0.5f), most));
+  /// The whole number below; a function call less than the library's way.
+  static int below(double value) {
+    const int whole = static_cast<int>(value);
+    return whole > value ? whole - 1 : whole;
   }
 
-  int taps_;
-  std::vector<int> first_;  // Lines of the picture.
+  void setLine(int i, double center, double reach, float coverage) {
+    const int low = below(center - reach);
+    const int first = first_[static_cast<std::size_t>(i)] = std::clamp(low, 0, count_ - taps_);
+    float distance = static_cast<float>(low + 0.5 - center), sum = 0;
+    for (float& share : shares_) {
+      share = std::clamp(static_cast<float>(reach) - std::abs(distance), 0.0f, 1.0f);
+      sum += share;
+      distance += 1;
+    }
+    std::uint16_t* weights = weights_.data() + std::ptrdiff_t{i} * taps_;
+    const float factor = coverage * whole / sum;
+    const int lines = static_cast<int>(shares_.size()), shift = low - first;
+    for (int k = 0; k < lines; ++k) {
+      // The lines at the edges repeat outside.
+      const int tap = std::clamp(k + shift, 0, taps_ - 1);
+      const int weight =
+          weights[tap] + static_cast<int>(shares_[static_cast<std::size_t>(k)] * factor + 0.5f);
+      weights[tap] = static_cast<std::uint16_t>(std::min(weight, mostWeight));
+    }
+  }
+
+  static constexpr float whole = 65536;
+  static constexpr int mostWeight = std::numeric_limits<std::uint16_t>::max();
+  int count_, taps_;
+  std::vector<float> shares_;  // Of the lines around the one at hand; here so as to be allocated once.
+  std::vector<int> first_;     // Lines of the picture.
   std::vector<std::uint16_t> weights_;
 };
 
-/// Makes rows `width` wide of those that `row(i)` begins.
+/// Pixels in rows, whole vectors long, of which the last one may hold anything.
+class Rows {
+ public:
+  Rows(int width, int height)
+      : width((width + vector - 1) / vector * vector),
+        pixels_(std::make_unique_for_overwrite<Pixel[]>(static_cast<std::size_t>(this->width) *
+                                                        static_cast<std::size_t>(height))) {}
+  Pixel* row(int y) const { return pixels_.get() + std::ptrdiff_t{y} * width; }
+
+  const int width;
+
+ private:
+  static constexpr int vector = 16;  // Pixels; the longest there are.
+  std::unique_ptr<Pixel[]> pixels_;
+};
+
+/// Makes `height` rows of those that row(i) begins.
 template <class Row>
-std::vector<Pixel> averaged(const Axis& down, int width, int height, bool opaque, Row row) {
-  std::vector<Pixel> result(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+void average(const Axis& down, int width, int height, bool opaque, Row row, const Rows& result) {
   std::vector<const Pixel*> rows(static_cast<std::size_t>(down.taps()));
   for (int y = 0; y < height; ++y) {
     for (int tap = 0; tap < down.taps(); ++tap)
       rows[static_cast<std::size_t>(tap)] = row(down.first(y) + tap);
-    averageRows(result.data() + std::ptrdiff_t{y} * width, rows.data(), down.weights(y), down.taps(), width,
-                opaque);
+    averageRows(result.row(y), rows.data(), down.weights(y), down.taps(), width, opaque);
   }
-  return result;
 }
 
 }  // namespace
@@ -82,11 +105,11 @@ std::vector<Pixel> averaged(const Axis& down, int width, int height, bool opaque
 void scalePicture(const CGImage& picture, const DeviceBox& place, Pixel* result, int width, int height) {
   const Axis across(picture.width(), place.left, place.right, width);
   const Axis down(picture.height(), place.top, place.bottom, height);
-  const auto low = averaged(down, picture.width(), height, picture.isOpaque(),
-                            [&](int y) { return reinterpret_cast<const Pixel*>(picture.row(y)); });
-  std::vector<Pixel> columns(low.size());
-  transposePixels(low.data(), picture.width(), height, columns.data());
-  const auto narrow = averaged(across, height, width, false,
-                               [&](int x) { return columns.data() + std::ptrdiff_t{x} * height; });
-  transposePixels(narrow.data(), height, width, result);
+  const auto pictureRow = [&](int y) { return reinterpret_cast<const Pixel*>(picture.row(y)); };
+  const Rows low(picture.width(), height), columns(height, picture.width()), narrow(height, width);
+  average(down, picture.width(), height, picture.isOpaque(), pictureRow, low);
+  transposePixels(low.row(0), low.width, picture.width(), height, columns.row(0), columns.width);
+  average(
+      across, columns.width, width, false, [&](int x) { return columns.row(x); }, narrow);
+  transposePixels(narrow.row(0), narrow.width, height, width, result, width);
 }

@@ -28,7 +28,7 @@ inline Pixel averageOf(const Pixel* const* rows, const std::uint16_t* weights, i
   return result;
 }
 
-inline void transposePlainly(const Pixel* from, int stride, int width, int height, Pixel* to, int toStride) {
+inline void transposeByPixels(const Pixel* from, int stride, int width, int height, Pixel* to, int toStride) {
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x)
       to[std::ptrdiff_t{x} * toStride + y] = from[std::ptrdiff_t{y} * stride + x];
@@ -53,8 +53,8 @@ void average(Pixel* row, const Pixel* const* rows, const std::uint16_t* weights,
   for (int i = 0; i < count; ++i) row[i] = averageOf(rows, weights, rowCount, i, alpha);
 }
 
-void transpose(const Pixel* from, int width, int height, Pixel* to) {
-  transposePlainly(from, width, width, height, to, height);
+void transpose(const Pixel* from, int stride, int width, int height, Pixel* to, int toStride) {
+  transposeByPixels(from, stride, width, height, to, toStride);
 }
 
 #else
@@ -110,15 +110,16 @@ void transposeQuad(const Pixel* from, int stride, Pixel* to, int toStride) {
   write(3, hn::InterleaveUpper(Halves(), upper(a, b), upper(c, d)));
 }
 
-void transpose(const Pixel* from, int width, int height, Pixel* to) {
+void transpose(const Pixel* from, int stride, int width, int height, Pixel* to, int toStride) {
   const int wholeWidth = width - width % quad, wholeHeight = height - height % quad;
-  const auto at = [=](int x, int y) { return from + std::ptrdiff_t{y} * width + x; };
-  const auto toAt = [=](int x, int y) { return to + std::ptrdiff_t{x} * height + y; };
+  const auto at = [=](int x, int y) { return from + std::ptrdiff_t{y} * stride + x; };
+  const auto toAt = [=](int x, int y) { return to + std::ptrdiff_t{x} * toStride + y; };
   for (int y = 0; y < wholeHeight; y += quad) {
-    for (int x = 0; x < wholeWidth; x += quad) transposeQuad(at(x, y), width, toAt(x, y), height);
+    for (int x = 0; x < wholeWidth; x += quad) transposeQuad(at(x, y), stride, toAt(x, y), toStride);
   }
-  transposePlainly(at(wholeWidth, 0), width, width - wholeWidth, wholeHeight, toAt(wholeWidth, 0), height);
-  transposePlainly(at(0, wholeHeight), width, width, height - wholeHeight, toAt(0, wholeHeight), height);
+  transposeByPixels(at(wholeWidth, 0), stride, width - wholeWidth, wholeHeight, toAt(wholeWidth, 0),
+                    toStride);
+  transposeByPixels(at(0, wholeHeight), stride, width, height - wholeHeight, toAt(0, wholeHeight), toStride);
 }
 
 #endif
@@ -141,8 +142,8 @@ void averageRows(Pixel* row, const Pixel* const* rows, const std::uint16_t* weig
   HWY_DYNAMIC_DISPATCH(average)(row, rows, weights, rowCount, count, opaque ? opaqueBlackPixel : 0);
 }
 
-void transposePixels(const Pixel* from, int width, int height, Pixel* to) {
-  HWY_DYNAMIC_DISPATCH(transpose)(from, width, height, to);
+void transposePixels(const Pixel* from, int stride, int width, int height, Pixel* to, int toStride) {
+  HWY_DYNAMIC_DISPATCH(transpose)(from, stride, width, height, to, toStride);
 }
 
 #endif

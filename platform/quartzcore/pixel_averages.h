@@ -12,5 +12,6 @@
 void averageRows(Pixel* row, const Pixel* const* rows, const std::uint16_t* weights, int rowCount, int count,
                  bool opaque);
 
-/// Makes rows of columns: `from` has `height` rows of `width` pixels, `to` gets `width` rows of `height`.
-void transposePixels(const Pixel* from, int width, int height, Pixel* to);
+/// Makes rows of columns: `from` has `height` rows of `width` pixels, `to` gets `width` rows of `height`. The
+/// strides are pixels from row to row.
+void transposePixels(const Pixel* from, int stride, int width, int height, Pixel* to, int toStride);
