@@ -56,7 +56,7 @@ class Scene {
   }
   void close() {
     device_.abort();
-    device_.settle();
+    while (switcherOpen) device_.pump(frame);
   }
   void settle() { device_.settle(); }
   void setBlur(bool blur) { device_.changePreferences({{"blur", blur}}); }

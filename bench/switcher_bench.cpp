@@ -26,8 +26,9 @@ namespace {
 using namespace vistrel;
 using namespace vistrel::test;
 
-constexpr CGFloat pixel = 0.5f;  // Points.
-constexpr float middle = 240;    // Half-way down the screen, in points.
+constexpr double frame = 1.0 / 60;  // Seconds.
+constexpr CGFloat pixel = 0.5f;     // Points.
+constexpr float middle = 240;       // Half-way down the screen, in points.
 
 /// A device at 2x with five applications in the switcher and a home screen that has been captured.
 class Phone {
@@ -43,7 +44,7 @@ class Phone {
   void changeScreen() {
     if (switcherOpen) {
       device_.abort();
-      device_.settle();
+      while (switcherOpen) device_.pump(frame);
     }
     UIGetScreenImage();
     nudge(*wallpaper());
@@ -59,8 +60,8 @@ class Phone {
   /// Opens the switcher with a finger, which stays on the middle icon.
   void swipeToMiddleIcon() {
     device_.swipeIn(middle, onMiddleIcon());
-    device_.settle();
-    if (!finishedOpenAnimation) throw std::logic_error("the switcher does not open");
+    if (!switcherOpen) throw std::logic_error("the switcher does not open");
+    while (!finishedOpenAnimation) device_.pump(frame);
   }
   static float onMiddleIcon() { return iconStrip->icons()[testBundles.size() / 2]->center().x; }
 

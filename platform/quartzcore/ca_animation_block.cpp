@@ -12,15 +12,27 @@ std::vector<std::shared_ptr<CAAnimationBlock>>& openBlocks() {
   return blocks;
 }
 
+/// The last one that animated nothing, for the next: a finger that moves opens one at each step.
+std::shared_ptr<CAAnimationBlock>& spareBlock() {
+  static auto& block = *new std::shared_ptr<CAAnimationBlock>();
+  return block;
+}
+
 }  // namespace
 
-void CAAnimationBlock::begin() { openBlocks().push_back(std::make_shared<CAAnimationBlock>()); }
+void CAAnimationBlock::begin() {
+  auto block = std::exchange(spareBlock(), nullptr);
+  openBlocks().push_back(block ? std::move(block) : std::make_shared<CAAnimationBlock>());
+}
 
 void CAAnimationBlock::commit() {
   if (openBlocks().empty()) return;
   auto block = std::move(openBlocks().back());
   openBlocks().pop_back();
   block->close();
+  if (block.use_count() > 1) return;
+  *block = CAAnimationBlock();
+  spareBlock() = std::move(block);
 }
 
 CAAnimationBlock* CAAnimationBlock::current() {
@@ -37,14 +49,14 @@ void CAAnimationBlock::animationRemoved() {
   --running_;
   if (running_ > 0 || open_) return;
   RunLoop::main().cancel(endToken_);
-  completeAtNextTurn();
+  if (completion_) completeAtNextTurn();
 }
 
 void CAAnimationBlock::close() {
   open_ = false;
   if (running_ > 0)
     endToken_ = RunLoop::main().schedule(endTime_, [self = shared_from_this()] { self->end(); });
-  else
+  else if (completion_)
     completeAtNextTurn();
 }
 

@@ -8,19 +8,19 @@
 namespace {
 
 /// Tells the touch's view of its new phase, as part of an event of all fingers.
-void deliver(const std::shared_ptr<UITouch>& touch, const UITouchSet& allTouches) {
-  UIView* view = touch->view();
+void deliver(const UITouchSet& alone, UIEvent* event) {
+  const UITouch& touch = *alone.front();
+  UIView* view = touch.view();
   if (!view) return;
-  auto event = std::make_shared<UIEvent>(touch->timestamp(), allTouches);
-  switch (touch->phase()) {
+  switch (touch.phase()) {
     case UITouchPhase::Began:
-      return view->touchesBegan({touch}, event.get());
+      return view->touchesBegan(alone, event);
     case UITouchPhase::Moved:
-      return view->touchesMoved({touch}, event.get());
+      return view->touchesMoved(alone, event);
     case UITouchPhase::Ended:
-      return view->touchesEnded({touch}, event.get());
+      return view->touchesEnded(alone, event);
     case UITouchPhase::Cancelled:
-      return view->touchesCancelled({touch}, event.get());
+      return view->touchesCancelled(alone, event);
     case UITouchPhase::Stationary:
       return;
   }
@@ -35,14 +35,16 @@ TouchDispatcher& TouchDispatcher::shared() {
 
 void TouchDispatcher::down(int finger, CGPoint location, CFTimeInterval timestamp) {
   if (isDown(finger)) throw IncoherentTouch("down while the finger is down already");
-  auto event = std::make_shared<UIEvent>(timestamp, allTouches());
-  UIView* hit = UIWindow::hitTestScreen(location, event.get());
+  event_->setTimestamp(timestamp);
+  UIView* hit = UIWindow::hitTestScreen(location, event_.get());
   // No view takes several touches at a time, as is the default: the first one has it to itself.
-  const bool taken =
-      std::ranges::any_of(touches_, [hit](const auto& entry) { return entry.second->view() == hit; });
+  const auto& others = event_->allTouches();
+  const bool taken = std::ranges::any_of(others, [hit](const auto& touch) { return touch->view() == hit; });
   std::shared_ptr<UIView> view;
   if (hit && !taken) view = std::static_pointer_cast<UIView>(hit->shared_from_this());
-  touches_.emplace(finger, std::make_shared<UITouch>(location, timestamp, std::move(view)));
+  auto touch = std::make_shared<UITouch>(location, timestamp, std::move(view));
+  fingers_.emplace(finger, std::make_shared<const UITouchSet>(1, std::move(touch)));
+  gatherTouches();
   change(finger, UITouchPhase::Began, location, timestamp);
 }
 
@@ -61,26 +63,31 @@ void TouchDispatcher::cancel(int finger, CFTimeInterval timestamp) {
   change(finger, UITouchPhase::Cancelled, location(finger), timestamp);
 }
 
-CGPoint TouchDispatcher::location(int finger) const { return touches_.at(finger)->locationInView(nullptr); }
+CGPoint TouchDispatcher::location(int finger) const {
+  return fingers_.at(finger)->front()->locationInView(nullptr);
+}
 
 void TouchDispatcher::requireDown(int finger, const char* action) const {
   if (!isDown(finger)) throw IncoherentTouch(std::string(action) + " before down");
 }
 
-UITouchSet TouchDispatcher::allTouches() const {
-  UITouchSet all;
-  for (const auto& [finger, touch] : touches_) all.push_back(touch);
-  return all;
+void TouchDispatcher::change(int finger, UITouchPhase phase, CGPoint location, CFTimeInterval timestamp) {
+  for (const auto& [other, alone] : fingers_) {
+    UITouch& touch = *alone->front();
+    touch.update(UITouchPhase::Stationary, touch.locationInView(nullptr), touch.timestamp());
+  }
+  const Finger alone = fingers_.at(finger);
+  alone->front()->update(phase, location, timestamp);
+  event_->setTimestamp(timestamp);
+  // Whatever the view does about it, the finger has gone.
+  const bool ends = phase == UITouchPhase::Ended || phase == UITouchPhase::Cancelled;
+  if (ends) fingers_.erase(finger);
+  deliver(*alone, event_.get());
+  if (ends) gatherTouches();
 }
 
-void TouchDispatcher::change(int finger, UITouchPhase phase, CGPoint location, CFTimeInterval timestamp) {
-  const UITouchSet all = allTouches();
-  for (const auto& touch : all) {
-    touch->update(UITouchPhase::Stationary, touch->locationInView(nullptr), touch->timestamp());
-  }
-  const auto touch = touches_.at(finger);
-  touch->update(phase, location, timestamp);
-  // Whatever the view does about it, the finger has gone.
-  if (phase == UITouchPhase::Ended || phase == UITouchPhase::Cancelled) touches_.erase(finger);
-  deliver(touch, all);
+void TouchDispatcher::gatherTouches() {
+  UITouchSet touches;
+  for (const auto& [finger, alone] : fingers_) touches.push_back(alone->front());
+  event_->setTouches(std::move(touches));
 }

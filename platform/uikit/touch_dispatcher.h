@@ -4,7 +4,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "platform/uikit/ui_touch.h"
+#include "platform/uikit/ui_event.h"
 
 /// Thrown for a sequence that no finger makes: a move or lift without a landing, a second landing.
 class IncoherentTouch : public std::logic_error {
@@ -24,14 +24,19 @@ class TouchDispatcher {
   void move(int finger, CGPoint location, CFTimeInterval timestamp);
   void up(int finger, CGPoint location, CFTimeInterval timestamp);
   void cancel(int finger, CFTimeInterval timestamp);
-  bool isDown(int finger) const { return touches_.contains(finger); }
+  bool isDown(int finger) const { return fingers_.contains(finger); }
   /// Where the finger was last seen; call only while it is down.
   CGPoint location(int finger) const;
 
  private:
-  void requireDown(int finger, const char* action) const;
-  UITouchSet allTouches() const;
-  void change(int finger, UITouchPhase phase, CGPoint location, CFTimeInterval timestamp);
+  /// A finger's touch, alone in a set.
+  using Finger = std::shared_ptr<const UITouchSet>;
 
-  std::map<int, std::shared_ptr<UITouch>> touches_;
+  void requireDown(int finger, const char* action) const;
+  void change(int finger, UITouchPhase phase, CGPoint location, CFTimeInterval timestamp);
+  void gatherTouches();
+
+  // Moves come in great numbers: these are made when a finger lands, and serve for all of its moves.
+  std::map<int, Finger> fingers_;
+  std::shared_ptr<UIEvent> event_ = std::make_shared<UIEvent>();
 };

@@ -130,10 +130,11 @@ UIView* UIView::hitTest(CGPoint point, UIEvent* event) {
   const bool takesTouches = !hidden() && userInteractionEnabled_ && alpha() >= leastTouchableAlpha &&
                             CGAffineTransformIsInvertible(transformToSuperview(*this));
   if (!takesTouches || !pointInside(point, event)) return nullptr;
-  const auto candidates = subviews_;  // A hit test may rearrange the hierarchy.
-  for (auto candidate = candidates.rbegin(); candidate != candidates.rend(); ++candidate) {
-    UIView& subview = **candidate;
-    if (UIView* hit = subview.hitTest(convertPointFromSuperview(subview, point), event)) return hit;
+  // A hit test may rearrange the hierarchy: each place has its turn, with whoever is there by then.
+  for (std::size_t place = subviews_.size(); place-- > 0;) {
+    const auto subview = place < subviews_.size() ? subviews_[place] : nullptr;
+    if (!subview) continue;
+    if (UIView* hit = subview->hitTest(convertPointFromSuperview(*subview, point), event)) return hit;
   }
   return this;
 }

@@ -1,0 +1,53 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <new>
+
+#include "strips/card_dragger.h"
+#include "switcher/shared_state.h"
+#include "tests/support/test_device.h"
+
+namespace {
+
+long allocations = 0;
+
+}  // namespace
+
+// In place of the library's, for this whole process; all other forms end here.
+void* operator new(std::size_t size) {
+  ++allocations;
+  if (void* memory = std::malloc(size)) return memory;
+  throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+namespace vistrel::test {
+namespace {
+
+TEST(TouchMoves, AllocateNothingWhileTheyChangeNothing) {
+  TestDevice device({.preferences = {{"appNames", true}}, .recents = testBundles});
+  for (const std::string& bundle : testBundles) device.launch(bundle);
+  device.home();
+  const float middle = 240, besideIcons = middle + 50;
+  device.swipeIn(middle, 100);
+  device.pump(1);
+  ASSERT_TRUE(finishedOpenAnimation);
+
+  const auto allocationsOfMoves = [&](float x, float y) {
+    device.move(x, y);
+    device.settle();
+    const long before = allocations;
+    for (int i = 0; i < 20; ++i) device.move(i % 2 == 0 ? x + 0.25f : x, y);
+    return allocations - before;
+  };
+  for (const auto& icon : iconStrip->icons()) EXPECT_EQ(allocationsOfMoves(icon->center().x, middle), 0);
+  EXPECT_EQ(allocationsOfMoves(160, besideIcons), 0);
+
+  const long before = allocations;
+  device.move(iconStrip->icons().front()->center().x, middle);
+  EXPECT_GT(allocations, before) << "another icon is singled out";
+}
+
+}  // namespace
+}  // namespace vistrel::test
