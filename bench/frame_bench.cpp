@@ -85,6 +85,8 @@ class Scene {
             {"flatAnimationStyle", std::string(style.flat)},
             {"background", std::string(word::color)},
             {"appNames", true},
+            {"iconAnimation", std::string(word::grow)},
+            {"nameAnimation", std::string(word::grow)},
             {"dim", true}};
   }
 

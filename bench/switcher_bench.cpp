@@ -33,7 +33,9 @@ constexpr float middle = 240;       // Half-way down the screen, in points.
 /// A device at 2x with five applications in the switcher and a home screen that has been captured.
 class Phone {
  public:
-  Phone() : device_({.preferences = {{"appNames", true}}, .recents = testBundles}) {
+  Phone()
+      : device_({.preferences = {{"appNames", true}, {"iconAnimation", "Grow"}, {"nameAnimation", "Grow"}},
+                 .recents = testBundles}) {
     for (const std::string& bundle : testBundles) device_.launch(bundle);
     device_.home();
   }

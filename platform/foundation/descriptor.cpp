@@ -45,3 +45,12 @@ bool Descriptor::write(const NSData& data) const {
   }
   return true;
 }
+
+bool Descriptor::replaceContents(const NSData& data) const {
+  struct stat status {};
+  if (!isOpen() || ::fstat(number_, &status) != 0 || !S_ISREG(status.st_mode)) return false;
+  const bool written = write(data);
+  const off_t end = ::lseek(number_, 0, SEEK_CUR);
+  const bool isLonger = status.st_size > end;
+  return (!isLonger || ::ftruncate(number_, end) == 0) && written;
+}

@@ -28,6 +28,10 @@ class Descriptor {
   /// `largest` bytes.
   std::optional<NSData> read(off_t largest) const;
   bool write(const NSData& data) const;  ///< False unless all of it is written.
+  /// Makes `data` all that a regular file holds; false for anything else, or when some of it cannot be
+  /// written. It is not emptied first: file systems take that for a replacement, which they bring to the disk
+  /// at once.
+  bool replaceContents(const NSData& data) const;
 
  private:
   int number_;

@@ -60,13 +60,14 @@ bool hasDanglingLink(fs::path path, const fs::path& folder) {
 int openWithoutLinks(const std::string& path, int flags) {
   open_how how{};
   how.flags = std::uint64_t(flags);
+  if (flags & O_CREAT) how.mode = fileMode;
   how.resolve = RESOLVE_NO_SYMLINKS;
   return int(::syscall(SYS_openat2, AT_FDCWD, path.c_str(), &how, sizeof how));
 }
 
 bool writePlain(const fs::path& path, const NSData& data) {
-  const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | safeOpenFlags, fileMode));
-  return file.isOpen() && file.write(data);
+  const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | safeOpenFlags, fileMode));
+  return file.replaceContents(data);
 }
 
 /// Removes what atomic writes have left that were killed: temporary files that nobody holds any more.
@@ -171,6 +172,12 @@ std::optional<NSData> NSFileManager::contents(std::string_view devicePath) const
 }
 
 bool NSFileManager::write(std::string_view devicePath, const NSData& data, Writing writing) {
+  if (writing == Writing::Plain) {
+    const auto below = pathBelowRoot(devicePath);
+    const Descriptor file(
+        below ? openWithoutLinks(root_.native() + '/' + *below, O_WRONLY | O_CREAT | openFlags) : -1);
+    if (file.isOpen()) return file.replaceContents(data);
+  }
   const auto path = resolve(devicePath);
   std::error_code error;
   const bool isBelowRoot =
