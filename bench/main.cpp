@@ -50,7 +50,7 @@ struct Options {
   std::exit(EXIT_SUCCESS);
 }
 
-/// The results of one figure; nothing when its process failed.
+/// The results of one figure; nothing when its process failed, which has then said why.
 std::optional<nlohmann::json> measuredInAChild(const Row& row, const Options& options) {
   const std::string file = options.output + ".part";
   std::fflush(stdout);  // Or the child would print it once more.
@@ -93,6 +93,11 @@ std::string textOf(const Bound& bound) {
   return (bound.kind == Bound::Kind::AtMost ? "<= " : ">= ") + shortNumber(bound.ratio);
 }
 
+/// A count is the same however often it is measured, and on every machine.
+bool isBroken(const Row& row, const nlohmann::json& results) {
+  return row.isCount && !isReached(row.bound, valuesOf(results, ratioCounter).front());
+}
+
 void print(const Row& row, const nlohmann::json& results) {
   const auto ratios = valuesOf(results, ratioCounter);
   const double median = ratios[ratios.size() / 2];
@@ -104,9 +109,17 @@ void print(const Row& row, const nlohmann::json& results) {
   std::fflush(stdout);
 }
 
+void printHead(const Options& options) {
+  if (options.once) {
+    fmt::print("Every work once; times would say nothing:\n");
+  } else {
+    fmt::print(layout, "figure", "reference", "ms", "ref. ms", "ratio", "spread", "bound", "");
+  }
+}
+
 int run(const Options& options) {
   const std::regex filter(options.filter);
-  fmt::print(layout, "figure", "reference", "ms", "ref. ms", "ratio", "spread", "bound", "");
+  printHead(options);
   nlohmann::json all;
   int failures = 0;
   for (const Row& row : rows()) {
@@ -117,7 +130,12 @@ int run(const Options& options) {
       ++failures;
       continue;
     }
-    print(row, *results);
+    if (options.once) {
+      fmt::print("{}: {}\n", row.name, isBroken(row, *results) ? "too many" : "works");
+    } else {
+      print(row, *results);
+    }
+    failures += isBroken(row, *results);
     if (all.is_null()) {
       all = *results;
     } else {
@@ -128,7 +146,10 @@ int run(const Options& options) {
     fmt::print(stderr, "no figure has been measured; the filter was \"{}\"\n", options.filter);
     return EXIT_FAILURE;
   }
-  std::ofstream(options.output) << all.dump(1) << '\n';
+  if (!(std::ofstream(options.output) << all.dump(1) << '\n' << std::flush)) {
+    fmt::print(stderr, "{}: cannot be written\n", options.output);
+    return EXIT_FAILURE;
+  }
   fmt::print("Results: {}\n", options.output);
   return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
@@ -160,7 +181,8 @@ int main(int argc, char** argv) {
       });
   app.add_flag("--once", options.once, "every work once, to see that it works; the times say nothing");
   app.add_option("--repetitions", options.repetitions, "of each figure")->check(CLI::Range(1, 1000));
-  app.add_option("--output", options.output, "where Google Benchmark's results are kept, as JSON");
+  app.add_option("--output", options.output, "where Google Benchmark's results are kept, as JSON")
+      ->take_last();
   CLI11_PARSE(app, argc, argv);
   return run(options);
 }

@@ -12,10 +12,10 @@ namespace {
 
 constexpr CGSize screen{320, 480};  // Points.
 constexpr CGFloat scale = 2;
-constexpr CGFloat iconSide = 57, dotSide = 6, dotSpacing = 10;  // Points.
+constexpr CGFloat iconSide = 57, dotSide = 6, dotSpacing = 8;  // Points.
 constexpr int few = 10, many = 1000;
 
-/// Dots in a grid and an icon before them.
+/// Dots in a grid, and an icon below it: with few and with many it moves over the same, the background.
 struct Views {
   explicit Views(int count) : root(std::make_shared<UIView>(CGRect{{0, 0}, screen})) {
     root->setBackgroundColor(UIColor::blackColor());
@@ -26,7 +26,7 @@ struct Views {
       dot->setBackgroundColor(UIColor::whiteColor());
       root->addSubview(dot);
     }
-    icon = std::make_shared<UIImageView>(CGRect{{100, 200}, {iconSide, iconSide}});
+    icon = std::make_shared<UIImageView>(CGRect{{100, 300}, {iconSide, iconSide}});
     icon->setImage(UIImage::imageWithCGImage(noise(int(iconSide * scale), int(iconSide * scale))));
     root->addSubview(icon);
   }

@@ -85,9 +85,11 @@ ContentTraits contentTraits(const PlacedLayer& placed) {
 
   const bool contentsCopy =
       !layer.contents() || (placed.contentsFit() && layer.contents()->isInScreenLayout());
+  const bool patternCopies = !hasPattern || (square && layer.backgroundPattern()->scale == placed.scale &&
+                                             layer.backgroundPattern()->image->isInScreenLayout());
   const bool drawnCopies = !drawn || placed.geometry.bounds.size == layer.contentBounds().size;
-  traits.pixelByPixel = placed.onWholePixels && !hasPattern && !hasGradient &&
-                        (square || !(backgroundAlpha > 0)) && contentsCopy && drawnCopies;
+  traits.pixelByPixel = placed.onWholePixels && !hasGradient && (square || !(backgroundAlpha > 0)) &&
+                        patternCopies && contentsCopy && drawnCopies;
 
   const bool showsCorners = square || !layer.masksToBounds();
   const auto isOpaque = [](const CGColor& color) { return color.alpha >= 1; };

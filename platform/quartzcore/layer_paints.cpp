@@ -69,6 +69,16 @@ void addColor(const PlacedLayer& placed, const PixelBox& clip, std::vector<Paint
   add(paints, box, color >= opaqueBlackPixel ? box : PixelBox{}, clip, ColorPaint{color});
 }
 
+void addPattern(const PlacedLayer& placed, const PixelBox& clip, std::vector<Paint>& paints) {
+  const auto& pattern = placed.layer.backgroundPattern();
+  const std::uint8_t opacity = byteOf(placed.opacity);
+  if (!pattern || !pattern->image || opacity == 0) return;
+  const PixelBox box = pixelsTouchedBy(placed.bounds);
+  const bool opaque = pattern->image->isOpaque();
+  add(paints, box, opaque && opacity == full ? box : PixelBox{}, clip,
+      TilePaint{pattern->image, box.left, box.top, opacity, opaque});
+}
+
 /// A picture whose corner is the layer's, as far as the layer reaches.
 void addPicture(const PlacedLayer& placed, const CGImageRef& picture, const PixelBox& clip,
                 std::vector<Paint>& paints) {
@@ -106,6 +116,7 @@ bool addContent(const PlacedLayer& placed, const PixelBox& clip, std::vector<Pai
   if (traits.pieces == 0) return true;
   if (!traits.pixelByPixel) return addKept(placed, traits, clip, paints);
   addColor(placed, clip, paints);
+  addPattern(placed, clip, paints);
   if (const CGImageRef& picture = placed.layer.contents()) addPicture(placed, picture, clip, paints);
   if (const CGImageRef& drawn = placed.layer.displayIfNeeded(placed.scale))
     addPicture(placed, drawn, clip, paints);

@@ -26,6 +26,16 @@ struct PicturePaint {
   bool operator==(const PicturePaint&) const = default;
 };
 
+/// A picture in screen layout, pixel by pixel, side by side with itself from (left, top) on in all
+/// directions.
+struct TilePaint {
+  CGImageRef picture;
+  int left, top;
+  std::uint8_t opacity;
+  bool opaque;  ///< The picture; whatever its alpha says.
+  bool operator==(const TilePaint&) const = default;
+};
+
 /// A colour through a mask, the mask's origin at (left, top).
 struct ShadowPaint {
   std::shared_ptr<const ShadowMask> mask;
@@ -46,6 +56,6 @@ struct SubtreePaint {
 struct Paint {
   PixelBox box;      ///< What it can touch, inside of what it is clipped to.
   PixelBox covered;  ///< The part of the box where nothing shows through.
-  std::variant<ColorPaint, PicturePaint, ShadowPaint, SubtreePaint> what;
+  std::variant<ColorPaint, PicturePaint, TilePaint, ShadowPaint, SubtreePaint> what;
   bool operator==(const Paint&) const = default;
 };

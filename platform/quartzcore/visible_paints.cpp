@@ -1,5 +1,6 @@
 #include "platform/quartzcore/visible_paints.h"
 
+#include <algorithm>
 #include <ranges>
 
 #include "platform/coregraphics/cairo_support.h"
@@ -49,13 +50,19 @@ class BoxPainter {
 
   void paint(const PicturePaint& paint, const PixelBox& box) {
     forEachRow(box, [&](int x, int y, int count) {
-      const Pixel* from = pixelsOf(paint, x, y);
-      if (!paint.opaque) {
-        blendRow(surface_.at(x, y), from, count, paint.opacity);
-      } else if (paint.opacity == fullOpacity) {
-        copyRow(surface_.at(x, y), from, count);
-      } else {
-        fadeRow(surface_.at(x, y), from, count, paint.opacity);
+      layRow(surface_.at(x, y), pixelsOf(paint, x, y), count, paint.opacity, paint.opaque);
+    });
+  }
+
+  void paint(const TilePaint& paint, const PixelBox& box) {
+    const int width = paint.picture->width(), height = paint.picture->height();
+    const auto within = [](int offset, int length) { return (offset % length + length) % length; };
+    forEachRow(box, [&](int left, int y, int) {
+      const auto* row = reinterpret_cast<const Pixel*>(paint.picture->row(within(y - paint.top, height)));
+      for (int x = left, count = 0; x < box.right; x += count) {
+        const int column = within(x - paint.left, width);
+        count = std::min(width - column, box.right - x);
+        layRow(surface_.at(x, y), row + column, count, paint.opacity, paint.opaque);
       }
     });
   }
@@ -99,6 +106,16 @@ class BoxPainter {
 
  private:
   static constexpr std::uint8_t fullOpacity = 255;
+
+  static void layRow(Pixel* row, const Pixel* from, int count, std::uint8_t opacity, bool opaque) {
+    if (!opaque) {
+      blendRow(row, from, count, opacity);
+    } else if (opacity == fullOpacity) {
+      copyRow(row, from, count);
+    } else {
+      fadeRow(row, from, count, opacity);
+    }
+  }
 
   static const Pixel* pixelsOf(const PicturePaint& paint, int x, int y) {
     return reinterpret_cast<const Pixel*>(paint.picture->row(y - paint.top)) + (x - paint.left);
