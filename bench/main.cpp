@@ -59,7 +59,10 @@ std::optional<nlohmann::json> measuredInAChild(const Row& row, const Options& op
   int status = 0;
   if (child < 0 || waitpid(child, &status, 0) != child || status != 0) return std::nullopt;
   std::ifstream input(file);
-  auto results = nlohmann::json::parse(input, nullptr, false);
+  const std::string text{std::istreambuf_iterator<char>(input), std::istreambuf_iterator<char>()};
+  // How much counts of 0 vary is no number, which JSON has no word for.
+  auto results =
+      nlohmann::json::parse(std::regex_replace(text, std::regex(": -?(nan|NaN)"), ": null"), nullptr, false);
   std::filesystem::remove(file);
   return results.is_discarded() ? std::nullopt : std::optional(results);
 }

@@ -1,7 +1,7 @@
 #include "platform/quartzcore/visible_paints.h"
 
 #include <algorithm>
-#include <ranges>
+#include <iterator>
 
 #include "platform/coregraphics/cairo_support.h"
 #include "platform/quartzcore/plain_subtree.h"
@@ -22,7 +22,8 @@ std::vector<VisiblePaint> visibleFrontToBack(const std::vector<const Paint*>& ba
   PixelRegion open = region;
   PixelBox extents = open.extents();
   std::vector<VisiblePaint> visible;
-  for (const Paint* paint : backToFront | std::views::reverse) {
+  for (auto next = backToFront.rbegin(); next != backToFront.rend(); ++next) {
+    const Paint* paint = *next;
     if (!paint->box.intersects(extents) || !open.intersects(paint->box)) continue;
     visible.push_back({paint, open.intersected(paint->box).boxes()});
     if (paint->covered.empty() || open.boxCount() >= mostBoxes) continue;
