@@ -60,7 +60,7 @@ std::optional<nlohmann::json> measuredInAChild(const Row& row, const Options& op
   if (child < 0 || waitpid(child, &status, 0) != child || status != 0) return std::nullopt;
   std::ifstream input(file);
   const std::string text{std::istreambuf_iterator<char>(input), std::istreambuf_iterator<char>()};
-  // How much counts of 0 vary is no number, which JSON has no word for.
+  // Google Benchmark writes NaN for how much counts of 0 vary, which is no JSON.
   auto results =
       nlohmann::json::parse(std::regex_replace(text, std::regex(": -?(nan|NaN)"), ": null"), nullptr, false);
   std::filesystem::remove(file);
@@ -128,7 +128,7 @@ int run(const Options& options) {
   for (const Row& row : rows()) {
     if (!std::regex_search(row.name, filter)) continue;
     const auto results = measuredInAChild(row, options);
-    if (!results) {
+    if (!results || valuesOf(*results, ratioCounter).empty()) {
       fmt::print(stderr, "{}: failed\n", row.name);
       ++failures;
       continue;

@@ -19,8 +19,8 @@ std::shared_ptr<UIImage> stackBlur(const std::shared_ptr<UIImage>& image, std::u
 std::shared_ptr<UIImage> normalize(const UIImage& image);
 
 /// Blurs bytes 0, 1 and 2 of each pixel in place; byte 3 stays as it is. Pixels have 4 bytes,
-/// rows exactly 4 x `width`. Edge pixels count as repeated beyond the edges. A width or height below 1
-/// changes nothing.
+/// rows exactly 4 x `width`. Edge pixels count as repeated beyond the edges. Nothing changes where
+/// a width or height is below 1, the radius 0 or the buffer null.
 void applyStackBlurToBuffer(std::uint8_t* buffer, std::int32_t width, std::int32_t height,
                             std::uint32_t radius);
 

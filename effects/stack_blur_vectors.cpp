@@ -125,8 +125,9 @@ class Strip {
   std::unique_ptr<Pixel[]> pixels_;
 };
 
-/// The blur of one picture: rows are blurred along themselves a strip at a time, as they are needed; down the
-/// columns a few rows at a time, so that the windows' state is not fetched for each of them.
+/// The blur of one picture, in place: no row is written before it has been blurred along itself. Rows are
+/// blurred along themselves a strip at a time, as they are needed; down the columns a few rows at a time, so
+/// that the windows' state is not fetched for each of them.
 class Blur {
  public:
   Blur(Pixel* buffer, std::uint32_t width, std::uint32_t height, std::uint32_t radius)
@@ -136,6 +137,7 @@ class Blur {
         radius_(radius),
         mean_(Division(radius)),
         stride_((std::size_t(width) + lanes - 1) / lanes * lanes),
+        // As far as a window reaches to either side of the rows at hand, and the strip that is ahead of them.
         ringRows_(std::min(height, 2 * radius + 1 + rowsAtOnce + lanes)),
         ring_(roomFor(ringRows_ * stride_)),
         firstRow_(roomFor(stride_)),

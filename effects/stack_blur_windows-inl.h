@@ -153,7 +153,8 @@ class Windows {
     }
   }
 
-  /// Lets in the next one of the r pixels ahead; in the end, and with them all, `first` leaves as often.
+  /// Moves from before the first pixels onto them: the r pixels ahead come in, one after the other or the
+  /// same one many times, and then as many of the `first` go out that stood in their place.
   HWY_INLINE void letIn(Vector pixels) { bendBy(channelsOf(pixels)); }
   HWY_INLINE void letIn(Vector pixels, std::uint32_t times) {
     const Channels values = channelsOf(pixels);

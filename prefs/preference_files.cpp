@@ -102,7 +102,8 @@ std::optional<std::int32_t> convert(const PropertyList& value, std::int32_t Sett
   return number && *number != 0 ? number : std::nullopt;
 }
 
-/// An archive is a property list of its own, and seldom another than when the file was last read.
+/// An archive is a property list of its own, whose parsing costs as much as that of all other keys; and it is
+/// seldom another than when the file was last read.
 std::optional<UIColor> colorIn(const NSData& archive) {
   struct Known {
     NSData archive;
@@ -136,8 +137,8 @@ void applyKey(const Key& key, const PropertyList* inFile) {
       key.setting);
 }
 
-/// The file's dictionary: nothing when there is no file, an empty one when it cannot be read. Looks for what
-/// is there only when nothing could be read.
+/// The file's dictionary: nothing when there is no file, an empty one when it cannot be read. Asks whether
+/// there is one only when it could not be read.
 std::optional<PropertyListDictionary> readIfThere(const char* path) {
   auto dictionary = dictionaryWithContentsOfFile(path);
   if (!dictionary && NSFileManager::defaultManager().fileExists(path)) dictionary.emplace();

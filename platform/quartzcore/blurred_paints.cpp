@@ -10,27 +10,25 @@
 
 namespace {
 
-constexpr std::uint8_t full = 255;
-
-/// Takes what is nothing but a colour all over the picture off its front. Such a shade comes to the same
+/// Takes what is nothing but a colour all over the picture off its front. Such a tint comes to the same
 /// before and after the blur; laid over it afterwards, it may change while the blurred picture stays.
-std::vector<Paint> takeShades(std::vector<Paint>& paints, const PixelBox& picture) {
-  const auto isShade = [&](const Paint& paint) {
+std::vector<Paint> takeTints(std::vector<Paint>& paints, const PixelBox& picture) {
+  const auto isTint = [&](const Paint& paint) {
     return paint.box == picture && std::holds_alternative<ColorPaint>(paint.what);
   };
-  const auto end = std::find_if_not(paints.rbegin(), paints.rend(), isShade).base();
-  std::vector<Paint> shades(end, paints.end());
+  const auto end = std::find_if_not(paints.rbegin(), paints.rend(), isTint).base();
+  std::vector<Paint> tints(end, paints.end());
   paints.erase(end, paints.end());
-  return shades;
+  return tints;
 }
 
 /// The opacity of all that goes into the picture: of a single picture, which can then be blurred as if it had
 /// none.
 std::uint8_t takeOpacity(std::vector<Paint>& paints) {
   auto* picture = paints.size() == 1 ? std::get_if<PicturePaint>(&paints[0].what) : nullptr;
-  if (!picture) return full;
+  if (!picture) return fullOpacity;
   if (picture->opaque) paints[0].covered = paints[0].box;
-  return std::exchange(picture->opacity, full);
+  return std::exchange(picture->opacity, fullOpacity);
 }
 
 CGImageRef blurredPicture(const LayerCache::BlurKey& key, const FrameMoment& moment) {
@@ -56,7 +54,7 @@ bool collectBlurred(const PlacedLayer& placed, const FrameMoment& moment, const 
   LayerCache::BlurKey key{{}, {0, 0, box.width(), box.height()}, blurSigma(placed)};
   if (!collectContentAndSublayers(placed.moved(-box.left, -box.top), moment, key.box, key.paints))
     return false;
-  const std::vector<Paint> shades = takeShades(key.paints, key.box);
+  const std::vector<Paint> tints = takeTints(key.paints, key.box);
   const std::uint8_t opacity = takeOpacity(key.paints);
   const auto coversAll = [&](const Paint& paint) { return paint.covered == key.box; };
   const bool opaque = std::ranges::any_of(key.paints, coversAll);
@@ -67,10 +65,10 @@ bool collectBlurred(const PlacedLayer& placed, const FrameMoment& moment, const 
       cache.blurred = blurredPicture(key, moment);
       cache.blurKey = std::move(key);
     }
-    paints.push_back({visible, opaque && opacity == full ? visible : PixelBox{},
+    paints.push_back({visible, opaque && opacity == fullOpacity ? visible : PixelBox{},
                       PicturePaint{cache.blurred, box.left, box.top, opacity, opaque}});
   }
-  for (const Paint& shade : shades)
-    paints.push_back({visible, shade.covered.empty() ? PixelBox{} : visible, shade.what});
+  for (const Paint& tint : tints)
+    paints.push_back({visible, tint.covered.empty() ? PixelBox{} : visible, tint.what});
   return true;
 }

@@ -23,7 +23,9 @@ CGImageRef Compositor::frame(const std::vector<const CALayer*>& backToFront, CGS
 
   const CGPixelFormat format{.bitmapInfo = kCGImageAlphaNoneSkipFirstLittle};
   const std::size_t bytesPerRow = static_cast<std::size_t>(width) * format.bytesPerPixel();
-  picture_ = nullptr;  // And stays so, should anything throw before all of it is drawn.
+  // Not held here any more, its pixels can be drawn on, unless somebody else does. Nor is there a picture to
+  // keep, should anything throw before all of it is drawn.
+  picture_ = nullptr;
   makeWritable(bytesPerRow * static_cast<std::size_t>(height), !damage.contains(screen));
   const Paint black{screen, screen, ColorPaint{opaqueBlackPixel}};
   std::vector<const Paint*> paints = scene_->paintsIn(damage);

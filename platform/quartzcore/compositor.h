@@ -8,7 +8,8 @@
 class Scene;
 
 /// Shows layer trees on a screen, frame after frame, drawing no more than what has changed since the last.
-/// The pictures are those of paintPlainly(), within 2 of 255.
+/// The pictures are those of paintPlainly(), within 2 of 255; but for edges that run across the pixels, where
+/// the drawing library's own coverage depends on what it is clipped to.
 class Compositor {
  public:
   Compositor();
@@ -16,7 +17,7 @@ class Compositor {
 
   /// The trees as they look at `time` on a black screen of `size` points at `scale` pixels a point. Opaque,
   /// in screen layout, its size in whole pixels; the very picture of the last call where nothing has changed
-  /// since, and null where there is no picture of that size. Layers must be whole and null-free.
+  /// since, and null where there is no picture of that size. No pointer is null.
   CGImageRef frame(const std::vector<const CALayer*>& backToFront, CGSize size, CGFloat scale,
                    CFTimeInterval time);
 

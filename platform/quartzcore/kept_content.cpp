@@ -15,11 +15,8 @@ double withoutNoise(double pixels) {
   return std::round(pixels * steps) / steps;
 }
 
-/// Whether the layer's own mask cuts more off than whole pixels.
-bool isCut(const PlacedLayer& placed) {
-  const bool alongPixels = placed.onWholePixels && !(placed.layer.cornerRadius() > 0);
-  return placed.layer.masksToBounds() && !alongPixels;
-}
+/// Whether the layer's own mask cuts through pixels.
+bool isCut(const PlacedLayer& placed) { return placed.layer.masksToBounds() && !placed.masksWholePixels(); }
 
 void clipToMask(cairo_t* cairo, const PlacedLayer& placed) {
   addRoundedRectangle(cairo, placed.area, placed.layer.cornerRadius());

@@ -5,7 +5,7 @@
 #include "platform/quartzcore/paint.h"
 
 /// What the renderer keeps of a layer's looks from frame to frame: each piece with what it was made for, and
-/// made anew when that has changed.
+/// made anew when that has changed. Internal to the renderer.
 struct LayerCache {
   /// The layer's own content as a picture, for what is scaled, turned, rounded or shaded.
   struct ContentKey {
@@ -18,7 +18,7 @@ struct LayerCache {
   };
   ContentKey contentKey;
   CGImageRef content;
-  /// The shadow as one, where the layer's own mask cuts it.
+  /// The shadow as a picture, at full opacity, where the layer's own mask cuts it.
   ContentKey maskedShadowKey;
   CGImageRef maskedShadow;
 

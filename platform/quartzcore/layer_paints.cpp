@@ -11,14 +11,13 @@
 
 namespace {
 
-constexpr std::uint8_t full = 255;
 /// Pixels. The mask of a longer shadow is not worth making whole.
 constexpr int longestMask = 4096;
 
-/// As the drawing library does it, which cuts off what it has in finer steps.
+/// As the drawing library does it, which truncates where one would expect it to round.
 std::uint8_t byteOf(CGFloat part) {
   constexpr CGFloat steps = 256;
-  return part > 0 ? static_cast<std::uint8_t>(std::min(part * steps, CGFloat{full})) : 0;
+  return part > 0 ? static_cast<std::uint8_t>(std::min(part * steps, CGFloat{fullOpacity})) : 0;
 }
 
 Pixel premultiplied(CGColor color, CGFloat opacity) {
@@ -75,7 +74,7 @@ void addPattern(const PlacedLayer& placed, const PixelBox& clip, std::vector<Pai
   if (!pattern || !pattern->image || opacity == 0) return;
   const PixelBox box = pixelsTouchedBy(placed.bounds);
   const bool opaque = pattern->image->isOpaque();
-  add(paints, box, opaque && opacity == full ? box : PixelBox{}, clip,
+  add(paints, box, opaque && opacity == fullOpacity ? box : PixelBox{}, clip,
       TilePaint{pattern->image, box.left, box.top, opacity, opaque});
 }
 
@@ -88,7 +87,7 @@ void addPicture(const PlacedLayer& placed, const CGImageRef& picture, const Pixe
   const PixelBox whole{left, top, left + picture->width(), top + picture->height()};
   const PixelBox box = whole.intersected(pixelsTouchedBy(placed.bounds));
   const bool opaque = picture->isOpaque();
-  add(paints, box, opaque && opacity == full ? box : PixelBox{}, clip,
+  add(paints, box, opaque && opacity == fullOpacity ? box : PixelBox{}, clip,
       PicturePaint{picture, left, top, opacity, opaque});
 }
 
@@ -102,7 +101,7 @@ bool addKept(const PlacedLayer& placed, const ContentTraits& traits, const Pixel
   // Pieces that lie over one another are drawn as transparent as they are; one alone can become so later.
   const bool alone = traits.pieces == 1;
   const CGImageRef picture = keptContent(placed, box, alone ? 1 : placed.opacity);
-  const std::uint8_t opacity = alone ? byteOf(placed.opacity) : full;
+  const std::uint8_t opacity = alone ? byteOf(placed.opacity) : fullOpacity;
   if (!picture || opacity == 0) return true;
   const bool covers = traits.opaque && placed.opacity == 1 && keepsUpright(placed.toDevice);
   const PixelBox covered = covers ? pixelsCoveredBy(placed.bounds) : PixelBox{};
@@ -136,7 +135,7 @@ Sublayers addSubtree(const PlacedLayer& placed, const Inherited& inherited, cons
   if (moves || box.area() > largestKeptPicture) {
     add(paints, box, {}, clip, subtree);
   } else if (const CGImageRef picture = keptSubtree(subtree, box, moment)) {
-    add(paints, box, {}, clip, PicturePaint{picture, box.left, box.top, full, false});
+    add(paints, box, {}, clip, PicturePaint{picture, box.left, box.top, fullOpacity, false});
   }
   return Sublayers::Included;
 }
@@ -173,7 +172,7 @@ Sublayers collectPaints(const PlacedLayer& placed, const Inherited& inherited, c
                         PixelBox& clip, std::vector<Paint>& paints) {
   const auto asOne = [&] { return addSubtree(placed, inherited, moment, clip, paints); };
   if (placed.layer.masksToBounds()) {
-    const bool masksPixels = placed.onWholePixels && !(placed.layer.cornerRadius() > 0);
+    const bool masksPixels = placed.masksWholePixels();
     const bool isLeaf = placed.layer.sublayers().empty() && !(placed.blur() > 0);
     if (!masksPixels && isLeaf && addMaskedLeaf(placed, clip, paints)) return Sublayers::Included;
     if (!masksPixels) return asOne();
@@ -187,7 +186,7 @@ Sublayers collectPaints(const PlacedLayer& placed, const Inherited& inherited, c
   } else if (addContent(placed, clip, paints)) {
     return Sublayers::Apart;
   }
-  paints.resize(count);  // With its shadow.
+  paints.resize(count);  // The shadow is part of it.
   return asOne();
 }
 

@@ -9,7 +9,9 @@
 #include "platform/quartzcore/placed_layer.h"
 #include "platform/quartzcore/shadow.h"
 
-/// One thing that is laid on the screen, as a value: equal ones leave equal pixels. Internal to the renderer.
+/// What the screen is painted with. Internal to the renderer.
+
+inline constexpr std::uint8_t fullOpacity = 255;
 
 /// A colour all over the box.
 struct ColorPaint {
@@ -44,7 +46,7 @@ struct ShadowPaint {
   bool operator==(const ShadowPaint&) const = default;
 };
 
-/// A layer with all that lies in it, painted plainly.
+/// A layer with all that lies in it, painted plainly. To be painted only while the layer is known to live.
 struct SubtreePaint {
   const CALayer* layer;
   Inherited inherited;
@@ -53,6 +55,7 @@ struct SubtreePaint {
   bool operator==(const SubtreePaint&) const = default;
 };
 
+/// One thing that is laid on the screen, as a value: equal ones leave equal pixels.
 struct Paint {
   PixelBox box;      ///< What it can touch, inside of what it is clipped to.
   PixelBox covered;  ///< The part of the box where nothing shows through.

@@ -16,8 +16,9 @@ class Axis {
   /// `count` lines of the picture are stretched from `begin` to `end` over a result of `resultCount`.
   Axis(int count, double begin, double end, int resultCount) : count_(count) {
     const double step = count / (end - begin);  // Lines of the picture to one of the result.
-    // A box as wide as a line of the result, smoothed by one of the picture, is linear at a width of 1.
-    constexpr double widest = 16;
+    // Each line of the result is the mean over a box as wide as itself, whose edges are smoothed over one
+    // line of the picture. With a box of a single line that is linear interpolation.
+    constexpr double widest = 16;  // Lines of the picture. As coarse as that nobody sees what is left out.
     const double width = step * averagedBelow < 1 ? 1 : std::min(step, widest);
     const double reach = (width + 1) / 2;
     shares_.resize(static_cast<std::size_t>(std::ceil(2 * reach)) + 1);

@@ -4,11 +4,11 @@
 #include "platform/quartzcore/device_box.h"
 #include "platform/quartzcore/pixel_rows.h"
 
-/// Pictures that shrink below this are averaged, others are linear.
+/// Pictures are averaged that are shown at less than this part of their size in pixels; others are linear.
 inline constexpr double averagedBelow = 0.75;
 
 /// Writes `picture`, in screen layout, stretched upright over `place`, as premultiplied pixels of a result
 /// `width` by `height` large: averaged where it shrinks, linear elsewhere, as the drawing library does it and
-/// several times as fast. `place` is in the result's pixels; those at its edges are covered in part, those
-/// outside transparent. Internal to the renderer.
+/// several times as fast. `place` is in the result's pixels and not empty; those at its edges are covered in
+/// part, those outside transparent. Internal to the renderer.
 void scalePicture(const CGImage& picture, const DeviceBox& place, Pixel* result, int width, int height);

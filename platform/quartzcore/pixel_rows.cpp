@@ -159,10 +159,10 @@ void fill(Pixel* row, int count, Pixel color) {
   forEachPixel(row, row, count, [=](auto, auto) { return filling; });
 }
 
-void shade(Pixel* row, const std::uint16_t* along, std::uint16_t across, int count, Pixel color) {
+void shadow(Pixel* row, const std::uint16_t* along, std::uint16_t across, int count, Pixel color) {
   const auto shaded = [color = all(color)](auto below, auto coverage) {
-    const auto shade = scaled(color, coverage);
-    return sum(shade, scaled(below, restOf(shade)));
+    const auto shadow = scaled(color, coverage);
+    return sum(shadow, scaled(below, restOf(shadow)));
   };
   const int step = pixelsAtATime();
   int i = 0;
@@ -189,7 +189,7 @@ HWY_EXPORT(copyTinted);
 HWY_EXPORT(fade);
 HWY_EXPORT(blend);
 HWY_EXPORT(fill);
-HWY_EXPORT(shade);
+HWY_EXPORT(shadow);
 }  // namespace pixel_rows
 
 using namespace pixel_rows;
@@ -214,8 +214,8 @@ void blendRow(Pixel* row, const Pixel* source, int count, std::uint8_t opacity) 
   HWY_DYNAMIC_DISPATCH(blend)(row, source, count, opacity);
 }
 
-void shadeRow(Pixel* row, const std::uint16_t* along, std::uint16_t across, int count, Pixel color) {
-  HWY_DYNAMIC_DISPATCH(shade)(row, along, across, count, color);
+void shadowRow(Pixel* row, const std::uint16_t* along, std::uint16_t across, int count, Pixel color) {
+  HWY_DYNAMIC_DISPATCH(shadow)(row, along, across, count, color);
 }
 
 #endif

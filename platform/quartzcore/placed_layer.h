@@ -35,6 +35,8 @@ struct PlacedLayer {
   RectangleShadow shadow() const;
   /// Standard deviation, in points, of the blur that it goes through; 0 without one.
   CGFloat blur() const;
+  /// Whether the layer's mask, if any, cuts along the edges of pixels.
+  bool masksWholePixels() const { return onWholePixels && !(layer.cornerRadius() > 0); }
   /// Whether the layer's picture, if any, lies on it pixel by pixel.
   bool contentsFit() const;
   /// Where that picture is stretched to, in the layer's coordinates: over `area` or, where it fits, exactly

@@ -34,7 +34,7 @@ PixelRegion Scene::update(const std::vector<const CALayer*>& backToFront, const 
   damage_ = {};
   if (sameTrees && !mayHaveChanged(moment)) return {};
 
-  const std::uint64_t changes = screenChangeCount();
+  const std::uint64_t changes = screenChangeCount();  // Drawing a layer may note another.
   for (CALayer* layer : animatingLayers()) layer->noteMotion();
   moment_ = moment;
   screen_ = screen;
@@ -144,7 +144,7 @@ bool Scene::updateInPlace() {
   return true;
 }
 
-bool Scene::refresh(Place place, const Inherited& inherited, const PixelBox& clip) {
+bool Scene::refresh(Place place, Inherited inherited, PixelBox clip) {
   Node& node = nodes_.list[place];
   const Node before = std::exchange(
       node,

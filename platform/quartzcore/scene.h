@@ -49,9 +49,11 @@ class Scene {
   Nodes build(const std::vector<const CALayer*>& backToFront) const;
   void append(Nodes& nodes, const CALayer& layer, const Inherited& inherited, const PixelBox& clip) const;
   std::vector<Place> changedPlaces() const;
-  /// Both false when nodes have to come or go, for layers have come into sight or gone out of it.
+  /// Asks the layers that have changed. False when nodes have to come or go, for layers have come into sight
+  /// or gone out of it.
   bool updateInPlace();
-  bool refresh(Place place, const Inherited& inherited, const PixelBox& clip);
+  /// Asks one layer, and those in it to which it hands down anything new. False as above.
+  bool refresh(Place place, Inherited inherited, PixelBox clip);
   void damageDifferencesTo(const Nodes& before);
   void damage(const PixelBox& box);
 

@@ -68,31 +68,31 @@ class BoxPainter {
     });
   }
 
-  void paintShaded(const PicturePaint& paint, const ColorPaint& shade, const PixelBox& box) {
+  void paintTinted(const PicturePaint& paint, const ColorPaint& tint, const PixelBox& box) {
     forEachRow(box, [&](int x, int y, int count) {
-      copyTintedRow(surface_.at(x, y), pixelsOf(paint, x, y), count, shade.color);
+      copyTintedRow(surface_.at(x, y), pixelsOf(paint, x, y), count, tint.color);
     });
   }
 
   void paint(const ShadowPaint& paint, const PixelBox& box) {
     const ShadowMask& mask = *paint.mask;
     const int maskLeft = paint.left + mask.box.left, maskTop = paint.top + mask.box.top;
-    const auto shade = [&](int y, std::uint16_t across, int begin, int end) {
+    const auto shadow = [&](int y, std::uint16_t across, int begin, int end) {
       const int left = std::max(begin, box.left), right = std::min(end, box.right);
       if (left < right)
-        shadeRow(surface_.at(left, y), mask.along.data() + (left - maskLeft), across, right - left,
-                 paint.color);
+        shadowRow(surface_.at(left, y), mask.along.data() + (left - maskLeft), across, right - left,
+                  paint.color);
     };
     for (int y = box.top; y < box.bottom; ++y) {
       const std::uint16_t across = mask.across[static_cast<std::size_t>(y - maskTop)];
       const int first = maskLeft + mask.firstAlike, last = maskLeft + mask.lastAlike;
-      shade(y, across, box.left, first);
+      shadow(y, across, box.left, first);
       const int left = std::max(first, box.left), right = std::min(last, box.right);
       if (left < right) {
         const auto coverage = shadowCoverage(mask.along[static_cast<std::size_t>(mask.firstAlike)], across);
         tintRow(surface_.at(left, y), right - left, scaledPixel(paint.color, coverage));
       }
-      shade(y, across, last, box.right);
+      shadow(y, across, last, box.right);
     }
   }
 
@@ -106,8 +106,6 @@ class BoxPainter {
   }
 
  private:
-  static constexpr std::uint8_t fullOpacity = 255;
-
   static void layRow(Pixel* row, const Pixel* from, int count, std::uint8_t opacity, bool opaque) {
     if (!opaque) {
       blendRow(row, from, count, opacity);
@@ -129,7 +127,7 @@ class BoxPainter {
 /// The picture, if `paint` is one that only needs copying.
 const PicturePaint* copiedPicture(const Paint& paint) {
   const auto* picture = std::get_if<PicturePaint>(&paint.what);
-  return picture && picture->opaque && picture->opacity == 255 ? picture : nullptr;
+  return picture && picture->opaque && picture->opacity == fullOpacity ? picture : nullptr;
 }
 
 }  // namespace
@@ -140,11 +138,11 @@ void paintVisible(const PixelSurface& surface, const std::vector<const Paint*>& 
   const auto visible = visibleFrontToBack(backToFront, region);
   for (auto next = visible.rbegin(); next != visible.rend(); ++next) {
     const auto front = std::next(next);
-    // A picture under a shade: both in one pass.
+    // A picture under a tint: both in one pass.
     const auto* picture = copiedPicture(*next->paint);
-    const auto* shade = front == visible.rend() ? nullptr : std::get_if<ColorPaint>(&front->paint->what);
-    if (picture && shade && front->boxes == next->boxes) {
-      for (const PixelBox& box : next->boxes) painter.paintShaded(*picture, *shade, box);
+    const auto* tint = front == visible.rend() ? nullptr : std::get_if<ColorPaint>(&front->paint->what);
+    if (picture && tint && front->boxes == next->boxes) {
+      for (const PixelBox& box : next->boxes) painter.paintTinted(*picture, *tint, box);
       next = front;
       continue;
     }

@@ -38,8 +38,8 @@ void TouchDispatcher::down(int finger, CGPoint location, CFTimeInterval timestam
   event_->setTimestamp(timestamp);
   UIView* hit = UIWindow::hitTestScreen(location, event_.get());
   // No view takes several touches at a time, as is the default: the first one has it to itself.
-  const auto& others = event_->allTouches();
-  const bool taken = std::ranges::any_of(others, [hit](const auto& touch) { return touch->view() == hit; });
+  const bool taken = std::ranges::any_of(
+      fingers_, [hit](const auto& finger) { return finger.second->front()->view() == hit; });
   std::shared_ptr<UIView> view;
   if (hit && !taken) view = std::static_pointer_cast<UIView>(hit->shared_from_this());
   auto touch = std::make_shared<UITouch>(location, timestamp, std::move(view));
@@ -79,11 +79,10 @@ void TouchDispatcher::change(int finger, UITouchPhase phase, CGPoint location, C
   const Finger alone = fingers_.at(finger);
   alone->front()->update(phase, location, timestamp);
   event_->setTimestamp(timestamp);
-  // Whatever the view does about it, the finger has gone.
-  const bool ends = phase == UITouchPhase::Ended || phase == UITouchPhase::Cancelled;
-  if (ends) fingers_.erase(finger);
+  // Whatever the view does about it, the finger has gone; the event it is told of still has it.
+  if (phase == UITouchPhase::Ended || phase == UITouchPhase::Cancelled) fingers_.erase(finger);
   deliver(*alone, event_.get());
-  if (ends) gatherTouches();
+  if (!isDown(finger)) gatherTouches();
 }
 
 void TouchDispatcher::gatherTouches() {

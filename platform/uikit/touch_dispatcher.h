@@ -29,7 +29,7 @@ class TouchDispatcher {
   CGPoint location(int finger) const;
 
  private:
-  /// A finger's touch, alone in a set.
+  /// A finger's touch, alone in a set, as views are told of it; held while they are, for they may let it go.
   using Finger = std::shared_ptr<const UITouchSet>;
 
   void requireDown(int finger, const char* action) const;

@@ -2,8 +2,8 @@
 
 #include "platform/uikit/ui_touch.h"
 
-/// What happens to the fingers. One event goes along with all of them, and says what it says until their next
-/// change.
+/// What happens to the fingers. There is one event for all that they ever do: what it says changes with the
+/// next change of a finger.
 class UIEvent : public NSObject {
   OBJC_CLASS(UIEvent, NSObject)
  public:

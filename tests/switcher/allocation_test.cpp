@@ -13,11 +13,15 @@ long allocations = 0;
 
 }  // namespace
 
-// In place of the library's, for this whole process; all other forms end here.
+// In place of the library's, for this whole process; the other forms end here, but those of arrays.
 void* operator new(std::size_t size) {
   ++allocations;
   if (void* memory = std::malloc(size)) return memory;
   throw std::bad_alloc();
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  ++allocations;
+  return std::malloc(size);
 }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
