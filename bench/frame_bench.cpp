@@ -2,24 +2,21 @@
 
 #include <cstring>
 #include <memory>
+#include <string_view>
+#include <vector>
 
 #include "bench/figure.h"
+#include "bench/phone.h"
 #include "platform/quartzcore/plain_painter.h"
 #include "platform/uikit/display.h"
 #include "platform/uikit/ui_window.h"
 #include "prefs/settings.h"
-#include "switcher/card_scroller.h"
 #include "switcher/shared_state.h"
-#include "tests/support/test_device.h"
 
 namespace bench {
 namespace {
 
 using namespace vistrel;
-using namespace vistrel::test;
-
-constexpr double frame = 1.0 / 60;  // Seconds.
-constexpr CGFloat pixel = 0.5f;     // Points.
 
 struct Style {
   const char* name;
@@ -38,64 +35,20 @@ std::vector<const CALayer*> visibleLayers() {
   return layers;
 }
 
-/// A device with five applications in the switcher.
-class Scene {
- public:
-  explicit Scene(const Style& style)
-      : device_({.preferences = preferencesOf(style), .recents = testBundles}) {
-    for (const std::string& bundle : testBundles) {
-      device_.launch(bundle);
-      device_.home();
-    }
-    device_.settle();
-  }
+PropertyListDictionary preferencesOf(const Style& style) {
+  return {{"animationStyle", std::string(style.animation)},
+          {"flatAnimationStyle", std::string(style.flat)},
+          {"background", std::string(word::color)},
+          {"dim", true}};
+}
 
-  void open() {
-    device_.receive();
-    if (!switcherOpen) throw std::logic_error("the switcher does not open");
+/// Lets the opening go on by a frame; opens anew when it is over.
+void stepOpening(Phone& phone) {
+  if (!switcherOpen || finishedOpenAnimation) {
+    phone.close();
+    phone.open();
   }
-  void close() {
-    device_.abort();
-    while (switcherOpen) device_.pump(frame);
-  }
-  void settle() { device_.settle(); }
-  void setBlur(bool blur) { device_.changePreferences({{"blur", blur}}); }
-
-  /// Moves the bands by a pixel, there and back, as a finger would: all of the screen is drawn.
-  void nudgeBands() {
-    nudged_ = !nudged_;
-    for (const auto& view : switcherWindow->subviews()) {
-      if (!dynamic_cast<UIImageView*>(view.get())) continue;
-      view->setCenter({view->center().x, view->center().y + (nudged_ ? pixel : -pixel)});
-    }
-  }
-
-  /// Lets the opening go on by a frame; opens anew when it is over.
-  void stepOpening() {
-    if (!switcherOpen || finishedOpenAnimation) {
-      if (switcherOpen) close();
-      open();
-    }
-    device_.pump(frame);
-  }
-
- private:
-  static PropertyListDictionary preferencesOf(const Style& style) {
-    return {{"animationStyle", std::string(style.animation)},
-            {"flatAnimationStyle", std::string(style.flat)},
-            {"background", std::string(word::color)},
-            {"appNames", true},
-            {"iconAnimation", std::string(word::grow)},
-            {"nameAnimation", std::string(word::grow)},
-            {"dim", true}};
-  }
-
-  TestDevice device_;
-  bool nudged_ = false;
-};
-
-double secondsOfFrame() {
-  return secondsOf([] { UIGetScreenImage(); });
+  phone.device().pump(Phone::frame);
 }
 
 double secondsOfPlainFrame() {
@@ -113,58 +66,54 @@ std::function<double()> frameBufferCopy() {
   return timed([=] { std::memcpy(to->data(), from->data(), bytes); });
 }
 
-std::function<double()> openFrame(const std::shared_ptr<Scene>& scene) {
+std::function<double()> openFrame(const Style& style) {
+  auto phone = std::make_shared<Phone>(preferencesOf(style));
+  phone->open();
+  phone->device().settle();
   return [=] {
-    scene->nudgeBands();
+    phone->nudgeBands();
     return secondsOfFrame();
   };
 }
 
-std::function<double()> openingFrame(const std::shared_ptr<Scene>& scene) {
-  return [=] {
-    scene->stepOpening();
+std::function<double()> openingFrame(const Style& style) {
+  return [phone = std::make_shared<Phone>(preferencesOf(style))] {
+    stepOpening(*phone);
     return secondsOfFrame();
   };
-}
-
-std::shared_ptr<Scene> openScene(const Style& style) {
-  auto scene = std::make_shared<Scene>(style);
-  scene->open();
-  scene->settle();
-  return scene;
 }
 
 /// All frames of an opening together.
-double secondsOfOpening(Scene& scene, bool blur) {
-  scene.setBlur(blur);
-  scene.open();
+double secondsOfOpening(Phone& phone, bool blur) {
+  phone.device().changePreferences({{"blur", blur}});
+  phone.open();
   double seconds = 0;
   while (!finishedOpenAnimation) {
-    scene.stepOpening();
+    stepOpening(phone);
     seconds += secondsOfFrame();
   }
-  scene.close();
+  phone.close();
   return seconds;
 }
 
 void addStyle(const Style& style) {
   const std::string name = std::string("frame/") + style.name;
   addFigure(name + "/open", "memcpy of the frame buffer", atMost(3.5), [=] {
-    return Works{openFrame(openScene(style)), frameBufferCopy()};
+    return Works{openFrame(style), frameBufferCopy()};
   });
   addFigure(name + "/opening", "memcpy of the frame buffer", atMost(3.5), [=] {
-    return Works{openingFrame(std::make_shared<Scene>(style)), frameBufferCopy()};
+    return Works{openingFrame(style), frameBufferCopy()};
   });
   addFigure(name + "/open/plain", "the plain painter", atLeast(4), [=] {
-    return Works{openFrame(openScene(style)), secondsOfPlainFrame};
+    return Works{openFrame(style), secondsOfPlainFrame};
   });
   addFigure(name + "/opening/plain", "the plain painter, at the same moment", atLeast(4), [=] {
-    return Works{openingFrame(std::make_shared<Scene>(style)), secondsOfPlainFrame};
+    return Works{openingFrame(style), secondsOfPlainFrame};
   });
   addFigure(name + "/opening/blur", "all frames of an opening without blur", atMost(2.5), [=] {
-    auto scene = std::make_shared<Scene>(style);
-    return Works{[=] { return secondsOfOpening(*scene, true); },
-                 [=] { return secondsOfOpening(*scene, false); }};
+    auto phone = std::make_shared<Phone>(preferencesOf(style));
+    return Works{[=] { return secondsOfOpening(*phone, true); },
+                 [=] { return secondsOfOpening(*phone, false); }};
   });
 }
 

@@ -6,19 +6,17 @@
 
 #include <cstdlib>
 #include <memory>
-#include <stdexcept>
 
 #include "bench/figure.h"
+#include "bench/phone.h"
 #include "platform/coregraphics/image_codec.h"
 #include "platform/foundation/file_manager.h"
 #include "platform/uikit/display.h"
-#include "platform/uikit/ui_window.h"
 #include "startup/home_screen_capture.h"
 #include "strips/card_dragger.h"
 #include "switcher/card_scroller.h"
 #include "switcher/device_paths.h"
 #include "switcher/shared_state.h"
-#include "tests/support/test_device.h"
 
 namespace bench {
 namespace {
@@ -26,78 +24,22 @@ namespace {
 using namespace vistrel;
 using namespace vistrel::test;
 
-constexpr double frame = 1.0 / 60;  // Seconds.
-constexpr CGFloat pixel = 0.5f;     // Points.
-constexpr float middle = 240;       // Half-way down the screen, in points.
-
-/// A device at 2x with five applications in the switcher and a home screen that has been captured.
-class Phone {
- public:
-  Phone()
-      : device_({.preferences = {{"appNames", true}, {"iconAnimation", "Grow"}, {"nameAnimation", "Grow"}},
-                 .recents = testBundles}) {
-    for (const std::string& bundle : testBundles) device_.launch(bundle);
-    device_.home();
-  }
-
-  TestDevice& device() { return device_; }
-
-  /// The switcher is closed, and the next frame has all of the screen to draw.
-  void changeScreen() {
-    if (switcherOpen) {
-      device_.abort();
-      while (switcherOpen) device_.pump(frame);
-    }
-    UIGetScreenImage();
-    nudge(*wallpaper());
-  }
-
-  /// The switcher is open, and the next frame has all of the screen to draw.
-  void changeOpenScreen() {
-    nudge(*switcherWindow->topBand());
-    nudge(*switcherWindow->bottomBand());
-    nudged_ = !nudged_;
-  }
-
-  /// Opens the switcher with a finger, which stays on the middle icon.
-  void swipeToMiddleIcon() {
-    device_.swipeIn(middle, onMiddleIcon());
-    if (!switcherOpen) throw std::logic_error("the switcher does not open");
-    while (!finishedOpenAnimation) device_.pump(frame);
-  }
-  static float onMiddleIcon() { return iconStrip->icons()[testBundles.size() / 2]->center().x; }
-
- private:
-  /// By a pixel, there and back.
-  void nudge(UIView& view) const {
-    view.setCenter({view.center().x, view.center().y + (nudged_ ? pixel : -pixel)});
-  }
-
-  UIView* wallpaper() {
-    nudged_ = !nudged_;
-    for (const UIWindow* window : UIWindow::allWindows()) {
-      if (!window->hidden() && !window->subviews().empty()) return window->subviews().front().get();
-    }
-    throw std::logic_error("nothing is on the screen");
-  }
-
-  TestDevice device_;
-  bool nudged_ = false;
-};
-
-double secondsOfFrame() {
-  return secondsOf([] { UIGetScreenImage(); });
+/// The switcher is closed, and the next frame has all of the screen to draw.
+void changeScreen(Phone& phone) {
+  phone.close();
+  UIGetScreenImage();
+  phone.nudgeWallpaper();
 }
 
 Works showing() {
   auto phone = std::make_shared<Phone>();
   const NSData cached = NSFileManager::defaultManager().contents(homeScreenPicturePath).value();
   return {[=] {
-            phone->changeScreen();
+            changeScreen(*phone);
             return secondsOf([] { switcherWindow->showAtPoint(middle); });
           },
           [=] {
-            phone->changeScreen();
+            changeScreen(*phone);
             return secondsOfFrame() + secondsOf([&] { decodeImage(cached); });
           }};
 }
@@ -107,8 +49,8 @@ Works moving(float y) {
   constexpr int moves = 1000;
   constexpr float waver = 0.25f;  // Points.
   auto phone = std::make_shared<Phone>();
-  phone->swipeToMiddleIcon();
-  const float x = Phone::onMiddleIcon();
+  phone->openOnMiddleIcon();
+  const float x = iconStrip->icons()[testBundles.size() / 2]->center().x;
   phone->device().move(x, y);
   phone->device().settle();
   return {[=] {
@@ -118,7 +60,7 @@ Works moving(float y) {
             return seconds / moves;
           },
           [=] {
-            phone->changeOpenScreen();
+            phone->nudgeBands();
             return secondsOfFrame();
           }};
 }
@@ -153,11 +95,11 @@ void encodeByTheLibrary(const CGImage& picture) {
 Works capturing() {
   auto phone = std::make_shared<Phone>();
   return {[=] {
-            phone->changeScreen();
+            changeScreen(*phone);
             return secondsOf([] { HomeScreenCapture().save(); });
           },
           [=] {
-            phone->changeScreen();
+            changeScreen(*phone);
             return secondsOf([] { encodeByTheLibrary(*UIGetScreenImage()); });
           }};
 }

@@ -11,24 +11,55 @@ constexpr std::size_t bytesPerPixel = 4;
 constexpr int channels = 3;  // The bytes of a pixel that are blurred.
 constexpr int bitsPerByte = 8;
 
-// The weighted sum of one channel is at most 255 (r + 1)^2: 72 bits for the largest radius, 2^32 - 1.
-__extension__ using Sum = unsigned __int128;
+// The weighted sum of one channel is at most 255 (r + 1)^2: 32 bits for radii that anyone looks at, 72 for
+// the largest, 2^32 - 1.
+using NarrowSum = std::uint32_t;
+__extension__ using WideSum = unsigned __int128;
+constexpr std::uint32_t maxNarrowRadius = (1u << 12) - 2;
 
-/// sum / divisor, rounded down, which is known to be a byte.
-std::uint8_t mean(Sum sum, Sum divisor) {
-  unsigned quotient = 0;
-  for (int bit = bitsPerByte - 1; bit >= 0; --bit) {
-    if (sum < divisor << bit) continue;
-    sum -= divisor << bit;
-    quotient |= 1u << bit;
+/// Division of weighted sums by the sum of the weights, (r + 1)^2, rounding down to a byte.
+template <class Sum>
+class Mean {
+ public:
+  explicit Mean(std::uint32_t radius) : divisor_((Sum{radius} + 1) * (Sum{radius} + 1)) {}
+  std::uint8_t operator()(Sum sum) const {
+    unsigned quotient = 0;
+    for (int bit = bitsPerByte - 1; bit >= 0; --bit) {
+      if (sum < divisor_ << bit) continue;
+      sum -= divisor_ << bit;
+      quotient |= 1u << bit;
+    }
+    return std::uint8_t(quotient);
   }
-  return std::uint8_t(quotient);
-}
+
+ private:
+  Sum divisor_;
+};
+
+/// Multiplies by a reciprocal, which is exact: see stack_blur::Division, of which this is the one with s
+/// = 56.
+template <>
+class Mean<NarrowSum> {
+ public:
+  explicit Mean(std::uint32_t radius) {
+    const std::uint64_t divisor = std::uint64_t{radius + 1} * (radius + 1);
+    reciprocal_ = ((std::uint64_t{1} << shift) + divisor - 1) / divisor;
+  }
+  std::uint8_t operator()(NarrowSum sum) const { return std::uint8_t(sum * reciprocal_ >> shift); }
+
+ private:
+  static constexpr int shift = 56;
+  std::uint64_t reciprocal_;
+};
 
 /// 1 + 2 + ... + n.
-Sum triangular(Sum n) { return n % 2 == 0 ? n / 2 * (n + 1) : (n + 1) / 2 * n; }
+template <class Sum>
+Sum triangular(Sum n) {
+  return n % 2 == 0 ? n / 2 * (n + 1) : (n + 1) / 2 * n;
+}
 
 /// The window of one channel around the pixel that is at hand, at first pixel 0.
+template <class Sum>
 class Window {
  public:
   Window() = default;
@@ -68,37 +99,44 @@ class Window {
 };
 
 /// Blurs one row or column in place: `count` pixels, `step` bytes apart. `original` is room for it.
+template <class Sum>
 void blurLine(std::uint8_t* line, std::size_t step, std::uint32_t count, std::uint32_t radius,
-              std::vector<std::uint8_t>& original) {
+              const Mean<Sum>& mean, std::vector<std::uint8_t>& original) {
   original.resize(count * bytesPerPixel);
   for (std::uint32_t i = 0; i < count; ++i)
     std::copy_n(line + i * step, bytesPerPixel, original.data() + i * bytesPerPixel);
 
   const std::uint32_t last = count - 1;
-  const Sum divisor = (Sum{radius} + 1) * (Sum{radius} + 1);
   const auto at = [&](std::uint32_t i) { return original.data() + i * bytesPerPixel; };
-  Window windows[channels];
-  for (int k = 0; k < channels; ++k) windows[k] = Window(at(0) + k, bytesPerPixel, last, radius);
+  Window<Sum> windows[channels];
+  for (int k = 0; k < channels; ++k) windows[k] = Window<Sum>(at(0) + k, bytesPerPixel, last, radius);
   for (std::uint32_t i = 0; i < count; ++i) {
     const std::uint8_t* leaving = at(i > radius ? i - radius : 0);
     const std::uint8_t* next = at(std::min(i + 1, last));
     const std::uint8_t* entering = at(last - i > radius ? i + radius + 1 : last);
     for (int k = 0; k < channels; ++k) {
-      line[i * step + std::size_t(k)] = mean(windows[k].weighted(), divisor);
+      line[i * step + std::size_t(k)] = mean(windows[k].weighted());
       windows[k].slide(leaving[k], next[k], entering[k]);
     }
   }
 }
 
+template <class Sum>
+void blurBuffer(std::uint8_t* buffer, std::uint32_t width, std::uint32_t height, std::uint32_t radius) {
+  const std::size_t bytesPerRow = width * bytesPerPixel;
+  const Mean<Sum> mean(radius);
+  std::vector<std::uint8_t> line;
+  for (std::uint32_t y = 0; y < height; ++y)
+    blurLine<Sum>(buffer + y * bytesPerRow, bytesPerPixel, width, radius, mean, line);
+  for (std::uint32_t x = 0; x < width; ++x)
+    blurLine<Sum>(buffer + x * bytesPerPixel, bytesPerRow, height, radius, mean, line);
+}
+
 }  // namespace
 
 void blurInLines(std::uint8_t* buffer, std::uint32_t width, std::uint32_t height, std::uint32_t radius) {
-  const std::size_t bytesPerRow = width * bytesPerPixel;
-  std::vector<std::uint8_t> line;
-  for (std::uint32_t y = 0; y < height; ++y)
-    blurLine(buffer + y * bytesPerRow, bytesPerPixel, width, radius, line);
-  for (std::uint32_t x = 0; x < width; ++x)
-    blurLine(buffer + x * bytesPerPixel, bytesPerRow, height, radius, line);
+  const auto blur = radius <= maxNarrowRadius ? blurBuffer<NarrowSum> : blurBuffer<WideSum>;
+  blur(buffer, width, height, radius);
 }
 
 }  // namespace vistrel

@@ -18,7 +18,7 @@ HWY_BEFORE_NAMESPACE();
 namespace vistrel::stack_blur::HWY_NAMESPACE {
 namespace {
 
-#if !VISTREL_STACK_BLUR_HAS_WINDOWS
+#if HWY_TARGET == HWY_SCALAR
 
 bool blur(Pixel*, std::uint32_t, std::uint32_t, std::uint32_t) { return false; }
 

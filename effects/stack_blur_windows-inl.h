@@ -50,10 +50,7 @@ static_assert(255ull * (maxVectorRadius + 1) * (maxVectorRadius + 1) <= 1ull << 
 
 #include <hwy/highway.h>
 
-// Not without vectors, nor with such as no structure can hold.
-#undef VISTREL_STACK_BLUR_HAS_WINDOWS
-#define VISTREL_STACK_BLUR_HAS_WINDOWS (HWY_TARGET != HWY_SCALAR && !HWY_HAVE_SCALABLE)
-#if VISTREL_STACK_BLUR_HAS_WINDOWS
+#if HWY_TARGET != HWY_SCALAR
 
 // Along a line the weighted sums of neighbouring pixels differ by a slope, and neighbouring slopes by
 //     bend(i) = pixel(i - r - 1) - 2 pixel(i) + pixel(i + r + 1),

@@ -18,8 +18,8 @@ constexpr std::uint32_t maxRadius = std::numeric_limits<std::uint32_t>::max();
 
 TEST(StackBlur, IsItsDefinitionForAnySizeAndRadius) {
   std::mt19937 random(5);
-  const std::uint32_t radii[] = {0,   1,   2,    3,    7,        10,       50,       181,
-                                 255, 256, 2900, 2901, 1u << 16, 1u << 28, 1u << 31, maxRadius};
+  const std::uint32_t radii[] = {0,   1,    2,    3,    7,    10,       50,       181,      255,
+                                 256, 2900, 2901, 4094, 4095, 1u << 16, 1u << 28, 1u << 31, maxRadius};
   for (const std::uint32_t radius : radii) {
     for (int round = 0; round < 8; ++round) {
       const int width = int(random() % 40) + 1, height = int(random() % 40) + 1;
