@@ -19,6 +19,7 @@ void HomeScreenCapture::save() const {
   if (!picture_) return;
   constexpr float quality = 1.0f;
   NSData jpeg = UIImageJPEGRepresentation(UIImage::imageWithCGImage(picture_), quality);
+  if (jpeg.empty()) return;
   NSFileManager::defaultManager().write(homeScreenPicturePath, jpeg, NSFileManager::Writing::Plain);
 }
 

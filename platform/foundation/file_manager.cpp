@@ -152,7 +152,9 @@ int NSFileManager::open(std::string_view devicePath, int flags) const {
 }
 
 bool NSFileManager::fileExists(std::string_view devicePath) const {
-  return Descriptor(open(devicePath, O_PATH | O_CLOEXEC)).isOpen();
+  const auto path = resolve(devicePath);
+  std::error_code error;
+  return path && fs::exists(*path, error);
 }
 
 std::vector<std::string> NSFileManager::contentsOfDirectory(std::string_view devicePath) const {

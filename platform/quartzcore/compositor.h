@@ -8,7 +8,8 @@
 class Scene;
 
 /// Shows layer trees on a screen, frame after frame, drawing no more than what has changed since the last.
-/// The pictures are those of paintPlainly(), within 2 of 255; but for edges that run across the pixels, where
+/// The pictures are those of paintPlainly(), within 2 of 255; but for
+/// rare pixels where the roundings of several layers add up, and for edges that run across the pixels, where
 /// the drawing library's own coverage depends on what it is clipped to.
 class Compositor {
  public:

@@ -92,7 +92,7 @@ Pair joinedSums(Sum first, Sum second) { return pairOf(first, second); }
 Sum weighed(Pair values, Pair weights, Sum sum, Sum&) {
   return sum + Sum((values & 0xFFFF) * (weights & 0xFFFF) + (values >> 16) * (weights >> 16));
 }
-Sum scaledDown(Sum sum, Sum, int bits) { return sum >> bits; }
+Sum scaledDown(Sum sum, Sum, int bits) { return (sum + (1 << (bits - 1))) >> bits; }
 
 #else
 
@@ -123,8 +123,10 @@ SumVector weighed(PairVector values, PairVector weights, SumVector sum, SumVecto
   return hn::ReorderWidenMulAccumulate(Sums(), hn::BitCast(tag, values), hn::BitCast(tag, weights), sum,
                                        rest);
 }
+/// Rounded. The half goes to the whole sum, since some vectors have two lanes of it in one of the parts.
 SumVector scaledDown(SumVector sum, SumVector rest, int bits) {
-  return hn::ShiftRightSame(hn::RearrangeToOddPlusEven(sum, rest), bits);
+  const auto whole = hn::RearrangeToOddPlusEven(sum, rest);
+  return hn::ShiftRightSame(hn::Add(whole, allSums(1 << (bits - 1))), bits);
 }
 
 #endif
@@ -137,9 +139,9 @@ template <class Upper, class Lower, class Take>
 void weigh(const std::vector<Pair>& upperWeights, const std::vector<Pair>& lowerWeights, int bits,
            std::size_t count, Upper upper, Lower lower, Take take) {
   const std::size_t size = vectorSize(), pairs = upperWeights.size();
-  const auto half = allSums(1 << (bits - 1)), zero = allSums(0);
+  const auto zero = allSums(0);
   for (std::size_t i = 0; i < count; i += 2 * size) {
-    auto upper0 = half, upper1 = half, lower0 = half, lower1 = half;
+    auto upper0 = zero, upper1 = zero, lower0 = zero, lower1 = zero;
     auto upper0Rest = zero, upper1Rest = zero, lower0Rest = zero, lower1Rest = zero;
     for (std::size_t k = 0; k < pairs; ++k) {
       const auto upperPair = all(upperWeights[k]), lowerPair = all(lowerWeights[k]);

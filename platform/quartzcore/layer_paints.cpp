@@ -131,7 +131,8 @@ Sublayers addSubtree(const PlacedLayer& placed, const Inherited& inherited, cons
   if (box.empty()) return Sublayers::Included;
   const CALayer& layer = placed.layer;
   const bool moves = layer.subtreeChangedAt() > screenChangeCount();
-  const SubtreePaint subtree{&layer, inherited, layer.subtreeChangedAt(), moves ? moment.time : 0};
+  const SubtreePaint subtree{&layer, inherited, layer.subtreeChangedAt(),
+                             moves ? std::optional(moment.time) : std::nullopt};
   if (moves || box.area() > largestKeptPicture) {
     add(paints, box, {}, clip, subtree);
   } else if (const CGImageRef picture = keptSubtree(subtree, box, moment)) {

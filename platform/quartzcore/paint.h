@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <variant>
 
 #include "platform/quartzcore/pixel_box.h"
@@ -50,8 +51,8 @@ struct ShadowPaint {
 struct SubtreePaint {
   const CALayer* layer;
   Inherited inherited;
-  std::uint64_t changedAt;  ///< The subtree.
-  CFTimeInterval movedAt;   ///< 0 where nothing of it moves.
+  std::uint64_t changedAt;                ///< The subtree.
+  std::optional<CFTimeInterval> movedAt;  ///< The moment; nothing where nothing of it moves.
   bool operator==(const SubtreePaint&) const = default;
 };
 

@@ -34,7 +34,8 @@ PixelRegion Scene::update(const std::vector<const CALayer*>& backToFront, const 
   damage_ = {};
   if (sameTrees && !mayHaveChanged(moment)) return {};
 
-  const std::uint64_t changes = screenChangeCount();  // Drawing a layer may note another.
+  // As they are now: drawing a layer may bring others about.
+  const std::uint64_t changes = screenChangeCount(), treeChanges = treeChangeCount();
   for (CALayer* layer : animatingLayers()) layer->noteMotion();
   moment_ = moment;
   screen_ = screen;
@@ -46,7 +47,7 @@ PixelRegion Scene::update(const std::vector<const CALayer*>& backToFront, const 
       damage(screen_);
   }
   roots_ = roots;
-  treeChangesSeen_ = treeChangeCount();
+  treeChangesSeen_ = treeChanges;
   changesSeen_ = changes;
   return std::move(damage_);
 }

@@ -1,7 +1,11 @@
 #include "platform/uikit/ui_view.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <memory_resource>
 #include <stdexcept>
+#include <vector>
 
 #include "platform/uikit/ui_image.h"
 #include "platform/uikit/ui_window.h"
@@ -130,11 +134,14 @@ UIView* UIView::hitTest(CGPoint point, UIEvent* event) {
   const bool takesTouches = !hidden() && userInteractionEnabled_ && alpha() >= leastTouchableAlpha &&
                             CGAffineTransformIsInvertible(transformToSuperview(*this));
   if (!takesTouches || !pointInside(point, event)) return nullptr;
-  // A hit test may rearrange the hierarchy: each place has its turn, with whoever is there by then.
-  for (std::size_t place = subviews_.size(); place-- > 0;) {
-    const auto subview = place < subviews_.size() ? subviews_[place] : nullptr;
-    if (!subview) continue;
-    if (UIView* hit = subview->hitTest(convertPointFromSuperview(*subview, point), event)) return hit;
+  // A copy, for a hit test may rearrange the hierarchy; on the stack, for each move of a finger makes some.
+  constexpr std::size_t few = 32;
+  std::array<std::byte, few * sizeof(std::shared_ptr<UIView>)> room;
+  std::pmr::monotonic_buffer_resource memory(room.data(), room.size());
+  const std::pmr::vector<std::shared_ptr<UIView>> candidates(subviews_.begin(), subviews_.end(), &memory);
+  for (auto candidate = candidates.rbegin(); candidate != candidates.rend(); ++candidate) {
+    UIView& subview = **candidate;
+    if (UIView* hit = subview.hitTest(convertPointFromSuperview(subview, point), event)) return hit;
   }
   return this;
 }
