@@ -21,19 +21,19 @@ bool Descriptor::isAt(const std::filesystem::path& path) const {
          own.st_ino == its.st_ino;
 }
 
-std::optional<NSData> Descriptor::read(off_t largest) const {
+bool Descriptor::read(NSData& data, off_t largest) const {
   struct stat status {};
   if (!isOpen() || ::fstat(number_, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > largest)
-    return std::nullopt;
-  NSData data(static_cast<std::size_t>(status.st_size));
+    return false;
+  data.resize(static_cast<std::size_t>(status.st_size));
   for (std::size_t taken = 0; taken < data.size();) {
     const ssize_t count = ::read(number_, data.data() + taken, data.size() - taken);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return std::nullopt;
+    if (count < 0) return false;
     if (count == 0) data.resize(taken);  // It has been cut meanwhile.
     taken += static_cast<std::size_t>(count);
   }
-  return data;
+  return true;
 }
 
 bool Descriptor::write(const NSData& data) const {

@@ -24,9 +24,9 @@ class Descriptor {
   /// Whether `path` leads to this very file.
   bool isAt(const std::filesystem::path& path) const;
 
-  /// The bytes of a regular file, as many as it has now; nothing for anything else or for more than
-  /// `largest` bytes.
-  std::optional<NSData> read(off_t largest) const;
+  /// Reads the bytes of a regular file, as many as it has now; false for anything else or for more than
+  /// `largest` bytes. What `data` held is gone in any case.
+  bool read(NSData& data, off_t largest) const;
   bool write(const NSData& data) const;  ///< False unless all of it is written.
   /// Makes `data` all that a regular file holds; false for anything else, or when some of it cannot be
   /// written. It is not emptied first: file systems take that for a replacement, which they bring to the disk

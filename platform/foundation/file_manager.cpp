@@ -170,7 +170,12 @@ std::vector<std::string> NSFileManager::contentsOfDirectory(std::string_view dev
 }
 
 std::optional<NSData> NSFileManager::contents(std::string_view devicePath) const {
-  return Descriptor(open(devicePath, O_RDONLY | openFlags)).read(largestFile);
+  NSData data;
+  return read(devicePath, data) ? std::optional(std::move(data)) : std::nullopt;
+}
+
+bool NSFileManager::read(std::string_view devicePath, NSData& contents) const {
+  return Descriptor(open(devicePath, O_RDONLY | openFlags)).read(contents, largestFile);
 }
 
 bool NSFileManager::write(std::string_view devicePath, const NSData& data, Writing writing) {

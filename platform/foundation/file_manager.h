@@ -28,6 +28,8 @@ class NSFileManager {
   std::vector<std::string> contentsOfDirectory(std::string_view devicePath) const;
   /// `contentsAtPath:`. Of regular files up to 64 MiB; nothing of anything else.
   std::optional<NSData> contents(std::string_view devicePath) const;
+  /// The same into memory that is there already; false for nothing.
+  bool read(std::string_view devicePath, NSData& contents) const;
 
   enum class Writing { Plain, Atomic };
   /// `writeToFile:atomically:`. Makes missing parent folders. Atomic: the old file or the new one stands

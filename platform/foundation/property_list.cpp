@@ -44,8 +44,13 @@ const PropertyList* find(const PropertyListDictionary& dictionary, std::string_v
 }
 
 std::optional<PropertyListDictionary> dictionaryWithContentsOfFile(const std::string& devicePath) {
-  const auto data = NSFileManager::defaultManager().contents(devicePath);
-  auto list = data ? propertyListWithData(*data) : std::nullopt;
+  // Kept for the next one: an allocation as large as a usual file makes the allocator sweep up after the
+  // parser.
+  constexpr std::size_t usual = 64 << 10;  // Bytes.
+  static NSData data;
+  auto list =
+      NSFileManager::defaultManager().read(devicePath, data) ? propertyListWithData(data) : std::nullopt;
+  if (data.capacity() > usual) data = NSData();
   return list ? std::move(*list).take<PropertyListDictionary>() : std::nullopt;
 }
 

@@ -48,13 +48,17 @@ class XmlNesting {
   }
 
   bool takeTag() {
-    if (take("!--")) return skipPast("-->");
-    if (take("![CDATA[")) return skipPast("]]>");
-    if (take("?")) return open_.empty() && skipPast("?>");
-    if (take("!")) return takeDeclaration();
+    if (rest_.starts_with('!') || rest_.starts_with('?')) return takeMarkup();
     const bool closes = take("/");
     const bool isContainer = rest_.starts_with(array) || rest_.starts_with(dictionary);
     return isContainer ? takeContainer(closes) : open_.empty() || isPlainTag();
+  }
+
+  bool takeMarkup() {
+    if (take("!--")) return skipPast("-->");
+    if (take("![CDATA[")) return skipPast("]]>");
+    if (take("?")) return open_.empty() && skipPast("?>");
+    return take("!") && takeDeclaration();
   }
 
   /// What looks like a tag here might be a part of this one to the parser.

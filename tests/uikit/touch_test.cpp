@@ -45,6 +45,26 @@ TEST_F(Touches, ClimbTheResponderChainUntilHandled) {
   EXPECT_EQ(outer->locations, (std::vector<CGPoint>{{60, 60}}));
 }
 
+TEST_F(Touches, AFingerThatLiftsLeavesItsViewToTheNextAtOnce) {
+  struct Restless : Recorder {
+    using Recorder::Recorder;
+    void touchesEnded(const UITouchSet& ended, UIEvent* event) override {
+      Recorder::touchesEnded(ended, event);
+      if (log.size() < 4) touches->down(2, {20, 20}, 0);
+      if (log.size() == 4) throw std::logic_error("what a view may do");
+    }
+    TouchDispatcher* touches = nullptr;
+  };
+  auto view = addView<Restless>(*window, {{0, 0}, {100, 100}});
+  view->touches = &touches;
+  view->log.clear();
+  touches.down(1, {10, 10}, 0);
+  touches.up(1, {10, 10}, 0);
+  EXPECT_THROW(touches.up(2, {20, 20}, 0), std::logic_error);
+  touches.down(3, {30, 30}, 0);
+  EXPECT_EQ(view->log, (Log{"began B", "ended E", "began B", "ended E", "began B"}));
+}
+
 /// Counts the actions that reach it.
 class Target : public NSObject {
   OBJC_CLASS(Target, NSObject)
