@@ -60,13 +60,10 @@ bool collectBlurred(const PlacedLayer& placed, const FrameMoment& moment, const 
   const bool opaque = std::ranges::any_of(key.paints, coversAll);
   const PixelBox visible = box.intersected(clip);
   if (!key.paints.empty()) {
-    LayerCache& cache = placed.layer.cache();
-    if (!cache.blurred || cache.blurKey != key) {
-      cache.blurred = blurredPicture(key, moment);
-      cache.blurKey = std::move(key);
-    }
+    const CGImageRef& blurred = placed.layer.cache().blurred.get(
+        std::move(key), [&](const LayerCache::BlurKey& what) { return blurredPicture(what, moment); });
     paints.push_back({visible, opaque && opacity == fullOpacity ? visible : PixelBox{},
-                      PicturePaint{cache.blurred, box.left, box.top, opacity, opaque}});
+                      PicturePaint{blurred, box.left, box.top, opacity, opaque}});
   }
   for (const Paint& tint : tints)
     paints.push_back({visible, tint.covered.empty() ? PixelBox{} : visible, tint.what});

@@ -92,41 +92,28 @@ bool LayerCache::ContentKey::operator==(const ContentKey& other) const {
 }
 
 CGImageRef keptContent(const PlacedLayer& placed, const PixelBox& box, CGFloat opacity) {
-  const auto key = keyOf(placed, box, opacity);
-  LayerCache& cache = placed.layer.cache();
-  if (!cache.content || cache.contentKey != key) {
-    cache.content = draw(placed, key);
-    cache.contentKey = key;
-  }
-  return cache.content;
+  return placed.layer.cache().content.get(
+      keyOf(placed, box, opacity), [&](const LayerCache::ContentKey& key) { return draw(placed, key); });
 }
 
 CGImageRef keptMaskedShadow(const PlacedLayer& placed, const PixelBox& box) {
-  const auto key = keyOf(placed, box, 1);
-  LayerCache& cache = placed.layer.cache();
-  if (!cache.maskedShadow || cache.maskedShadowKey != key) {
-    PlacedLayer opaque = placed;
-    opaque.opacity = 1;
-    cache.maskedShadow = drawing(box.width(), box.height(), [&](cairo_surface_t* surface) {
+  PlacedLayer opaque = placed;
+  opaque.opacity = 1;
+  return placed.layer.cache().maskedShadow.get(keyOf(placed, box, 1), [&](const LayerCache::ContentKey& key) {
+    return drawing(key.width, key.height, [&](cairo_surface_t* surface) {
       const CairoContextPtr cairo(cairo_create(surface));
       cairo_set_matrix(cairo.get(), &key.toPicture);
       clipToMask(cairo.get(), placed);
-      drawShadow(cairo.get(), opaque.shadow(), key.toPicture, deviceBox({0, 0, box.width(), box.height()}));
+      drawShadow(cairo.get(), opaque.shadow(), key.toPicture, deviceBox({0, 0, key.width, key.height}));
     });
-    cache.maskedShadowKey = key;
-  }
-  return cache.maskedShadow;
+  });
 }
 
 CGImageRef keptSubtree(const SubtreePaint& what, const PixelBox& box, const FrameMoment& moment) {
-  const LayerCache::SubtreeKey key{what, box};
-  LayerCache& cache = what.layer->cache();
-  if (!cache.subtree || cache.subtreeKey != key) {
-    cache.subtree = drawing(box.width(), box.height(), [&](cairo_surface_t* surface) {
+  return what.layer->cache().subtree.get({what, box}, [&](const LayerCache::SubtreeKey&) {
+    return drawing(box.width(), box.height(), [&](cairo_surface_t* surface) {
       cairo_surface_set_device_offset(surface, -box.left, -box.top);
       paintSubtreePlainly(surface, *what.layer, what.inherited, deviceBox(box), moment);
     });
-    cache.subtreeKey = key;
-  }
-  return cache.subtree;
+  });
 }

@@ -49,14 +49,11 @@ bool addShadow(const PlacedLayer& placed, const PixelBox& clip, std::vector<Pain
   const int left = static_cast<int>(std::floor(rect.left)), top = static_cast<int>(std::floor(rect.top));
   const AxisScale axes = axisScale(placed.toDevice);
   const LayerCache::ShadowKey key{rect.moved(-left, -top), {shadow.sigma * axes.x, shadow.sigma * axes.y}};
-  LayerCache& cache = placed.layer.cache();
-  if (!cache.shadow || cache.shadowKey != key) {
-    cache.shadow =
-        std::make_shared<const ShadowMask>(key.rect, key.sigma, pixelsTouchedBy(reach.moved(-left, -top)));
-    cache.shadowKey = key;
-  }
-  add(paints, cache.shadow->box.moved(left, top), {}, clip,
-      ShadowPaint{cache.shadow, left, top, premultiplied(shadow.color, 1)});
+  const auto& mask = placed.layer.cache().shadow.get(key, [&](const LayerCache::ShadowKey&) {
+    return std::make_shared<const ShadowMask>(key.rect, key.sigma, pixelsTouchedBy(reach.moved(-left, -top)));
+  });
+  add(paints, mask->box.moved(left, top), {}, clip,
+      ShadowPaint{mask, left, top, premultiplied(shadow.color, 1)});
   return true;
 }
 
