@@ -19,7 +19,8 @@ double millisecondsToDraw() {
 
 /// The smallest time that `percent` of them do not exceed. `times` are in order.
 double percentile(const std::vector<double>& times, std::size_t percent) {
-  const std::size_t rank = (times.size() * percent + 99) / 100;  // From 1; rounded up.
+  constexpr std::size_t whole = 100;
+  const std::size_t rank = (times.size() * percent + whole - 1) / whole;  // From 1; rounded up.
   return times[rank - 1];
 }
 
