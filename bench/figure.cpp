@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <ctime>
 #include <vector>
 
 #include "bench/registry.h"
@@ -36,6 +37,13 @@ void compare(benchmark::State& state, const Works& works, Bound bound) {
 }
 
 }  // namespace
+
+double processorSeconds() {
+  constexpr double nanosecond = 1e-9;
+  timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return double(time.tv_sec) + double(time.tv_nsec) * nanosecond;
+}
 
 const std::vector<Row>& rows() { return knownRows(); }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <functional>
 #include <string>
 #include <utility>
@@ -16,7 +15,7 @@ inline Bound atMost(double ratio) { return {Bound::Kind::AtMost, ratio}; }
 inline Bound atLeast(double ratio) { return {Bound::Kind::AtLeast, ratio}; }
 
 /// What a figure compares. Each does its work once and returns how long that took, in seconds, without what
-/// it had to prepare; they take turns, so that a busy machine slows both.
+/// it had to prepare; they take turns, so that a slower machine is so for both.
 struct Works {
   std::function<double()> measured;
   std::function<double()> reference;
@@ -30,11 +29,14 @@ void addFigure(std::string name, std::string reference, Bound bound, std::functi
 /// A row that is a number and no time: at most `most` of `what`.
 void addCount(std::string name, std::string what, int most, std::function<int()> count);
 
+/// What this thread has had of a processor: what else runs on the machine does not count.
+double processorSeconds();
+
 template <class Work>
 double secondsOf(Work work) {
-  const auto begin = std::chrono::steady_clock::now();
+  const double begin = processorSeconds();
   work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+  return processorSeconds() - begin;
 }
 
 /// A work that needs no preparation.

@@ -3,15 +3,17 @@
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
+#include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -28,11 +30,14 @@ struct Options {
   std::string filter = ".*";
   bool once = false;
   int repetitions = 9;
-  std::string output;
+  std::string output = "figures.json";
 };
 
-/// Runs as the child process, and ends it.
+constexpr int exitMisused = 2;
+
+/// Runs as the child process, and ends it. The results go to `file`.
 [[noreturn]] void measure(const Row& row, const Options& options, const std::string& file) {
+  prctl(PR_SET_PDEATHSIG, SIGTERM);  // Not to go on alone.
   std::vector<std::string> arguments = {
       "bench",
       "--benchmark_filter=^" + row.name + "(/manual_time)?$",
@@ -55,19 +60,21 @@ struct Options {
 
 /// The results of one figure; nothing when its process failed, which has then said why.
 std::optional<nlohmann::json> measuredInAChild(const Row& row, const Options& options) {
-  const std::string file = options.output + ".part";
+  // In memory, so that nothing is left behind and nobody else meets it; the child opens it by its number.
+  const int memory = memfd_create("figure", 0);
+  const std::string file = fmt::format("/proc/{}/fd/{}", getpid(), memory);
   std::fflush(stdout);  // Or the child would print it once more.
   const pid_t child = fork();
   if (child == 0) measure(row, options, file);
   int status = 0;
-  if (child < 0 || waitpid(child, &status, 0) != child || status != 0) return std::nullopt;
+  const bool succeeded = child > 0 && waitpid(child, &status, 0) == child && status == 0;
   std::ifstream input(file);
   const std::string text{std::istreambuf_iterator<char>(input), std::istreambuf_iterator<char>()};
+  close(memory);
   // Google Benchmark writes NaN for how much counts of 0 vary, which is no JSON.
   auto results =
       nlohmann::json::parse(std::regex_replace(text, std::regex(": -?(nan|NaN)"), ": null"), nullptr, false);
-  std::filesystem::remove(file);
-  return results.is_discarded() ? std::nullopt : std::optional(results);
+  return succeeded && !results.is_discarded() ? std::optional(results) : std::nullopt;
 }
 
 /// One value a repetition, ascending.
@@ -123,13 +130,10 @@ void printHead(const Options& options) {
   }
 }
 
-int run(const Options& options) {
-  const std::regex filter(options.filter);
-  printHead(options);
+/// Measures and prints those rows; their results, and in `failures` how many of them failed.
+nlohmann::json measureAll(const std::vector<Row>& wanted, const Options& options, int& failures) {
   nlohmann::json all;
-  int failures = 0;
-  for (const Row& row : rows()) {
-    if (!std::regex_search(row.name, filter)) continue;
+  for (const Row& row : wanted) {
     const auto results = measuredInAChild(row, options);
     if (!results || valuesOf(*results, ratioCounter).empty()) {
       fmt::print(stderr, "{}: failed\n", row.name);
@@ -148,16 +152,59 @@ int run(const Options& options) {
       for (const auto& run : results->at("benchmarks")) all["benchmarks"].push_back(run);
     }
   }
-  if (all.is_null()) {
-    fmt::print(stderr, "no figure has been measured; the filter was \"{}\"\n", options.filter);
-    return EXIT_FAILURE;
+  return all;
+}
+
+int complain(const std::string& cause) {
+  fmt::print(stderr, "bench: {}\n", cause);
+  return exitMisused;
+}
+
+int run(const Options& options) {
+  std::vector<Row> wanted;
+  std::ranges::copy_if(
+      rows(), std::back_inserter(wanted),
+      [filter = std::regex(options.filter)](const Row& row) { return std::regex_search(row.name, filter); });
+  if (wanted.empty()) return complain(fmt::format("\"{}\" is found in no figure's name", options.filter));
+  // Now, and not when all has been measured.
+  if (!options.once && !std::ofstream(options.output, std::ios::app))
+    return complain(options.output + ": cannot be written");
+
+  printHead(options);
+  int failures = 0;
+  const nlohmann::json all = measureAll(wanted, options, failures);
+  if (!options.once) {
+    std::ofstream(options.output) << all.dump(1) << '\n';
+    fmt::print("Results: {}\n", options.output);
   }
-  if (!(std::ofstream(options.output) << all.dump(1) << '\n' << std::flush)) {
-    fmt::print(stderr, "{}: cannot be written\n", options.output);
-    return EXIT_FAILURE;
-  }
-  fmt::print("Results: {}\n", options.output);
   return failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+/// Nothing when there is something to measure; else the exit code of a process that has said why not.
+std::optional<int> parse(int argc, char** argv, Options& options) {
+  CLI::App app("Measures how fast the switcher is, each figure beside its reference.", "./dev bench");
+  app.add_option("FILTER", options.filter,
+                 "a regular expression: measure the figures whose names it is found in")
+      ->check([](const std::string& text) -> std::string {
+        try {
+          std::regex{text};
+        } catch (const std::regex_error&) {
+          return "\"" + text + "\" is no regular expression";
+        }
+        return "";
+      });
+  app.add_flag("--once", options.once, "every work once, to see that it works: no times, no results");
+  app.add_option("--repetitions", options.repetitions, "of each figure")->check(CLI::Range(1, 1000));
+  app.add_option("--output", options.output, "where Google Benchmark's results are kept, as JSON")
+      ->take_last();
+  try {
+    app.parse(argc, argv);
+    return std::nullopt;
+  } catch (const CLI::Success& asked) {
+    return app.exit(asked);
+  } catch (const CLI::ParseError& mistake) {
+    return complain(mistake.what());
+  }
 }
 
 }  // namespace
@@ -173,22 +220,6 @@ int main(int argc, char** argv) {
   addIdleFigures();
 
   Options options;
-  options.output = "figures.json";
-  CLI::App app("Measures how fast the switcher is, each figure beside its reference.");
-  app.add_option("FILTER", options.filter,
-                 "a regular expression: measure the figures whose names it is found in")
-      ->check([](const std::string& text) -> std::string {
-        try {
-          std::regex{text};
-        } catch (const std::regex_error&) {
-          return "\"" + text + "\" is no regular expression";
-        }
-        return "";
-      });
-  app.add_flag("--once", options.once, "every work once, to see that it works; the times say nothing");
-  app.add_option("--repetitions", options.repetitions, "of each figure")->check(CLI::Range(1, 1000));
-  app.add_option("--output", options.output, "where Google Benchmark's results are kept, as JSON")
-      ->take_last();
-  CLI11_PARSE(app, argc, argv);
+  if (const auto exitCode = parse(argc, argv, options)) return *exitCode;
   return run(options);
 }

@@ -5,8 +5,8 @@
 #include "platform/quartzcore/ca_layer.h"
 
 /// Painting of layer trees as plainly as can be: every layer, back to front, by way of the drawing library.
-/// Nothing is kept from one call to the next. What the compositor shows has to be what this shows, within 2
-/// of 255.
+/// Nothing is kept from one call to the next. What Compositor shows has to be what this shows, as nearly
+/// as it says.
 ///
 /// Draws the trees as they look at `time` onto a black screen of `size` points at `scale` pixels a point.
 /// Opacity is multiplied down the tree, without groups, as the system of this era does. The result is opaque,
