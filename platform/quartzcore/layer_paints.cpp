@@ -145,9 +145,9 @@ bool addMaskedLeaf(const PlacedLayer& placed, const PixelBox& clip, std::vector<
   const PixelBox box = pixelsTouchedBy(placed.bounds);
   if (box.area() > largestKeptPicture) return false;
   const std::uint8_t opacity = byteOf(placed.opacity);
-  if (placed.shadow().color.alpha > 0 && opacity > 0)
-    add(paints, box, {}, clip,
-        PicturePaint{keptMaskedShadow(placed, box), box.left, box.top, opacity, false});
+  const bool hasShadow = placed.shadow().color.alpha > 0 && opacity > 0;
+  if (const CGImageRef shadow = hasShadow ? keptMaskedShadow(placed, box) : nullptr)
+    add(paints, box, {}, clip, PicturePaint{shadow, box.left, box.top, opacity, false});
   const ContentTraits traits = contentTraits(placed);
   return traits.pieces == 0 || addKept(placed, traits, clip, paints);
 }
