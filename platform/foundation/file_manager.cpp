@@ -65,11 +65,6 @@ int openWithoutLinks(const std::string& path, int flags) {
   return int(::syscall(SYS_openat2, AT_FDCWD, path.c_str(), &how, sizeof how));
 }
 
-bool writePlain(const fs::path& path, const NSData& data) {
-  const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | safeOpenFlags, fileMode));
-  return file.replaceContents(data);
-}
-
 /// Removes what atomic writes have left that were killed: temporary files that nobody holds any more.
 void removeAbandoned(const fs::path& folder) {
   std::error_code error;
@@ -148,7 +143,7 @@ int NSFileManager::open(std::string_view devicePath, int flags) const {
   const int number = openWithoutLinks(root_.native() + '/' + *path, flags);
   if (number >= 0 || errno == ENOENT) return number;
   const auto real = resolve(devicePath);
-  return real ? ::open(real->c_str(), flags | O_NOFOLLOW) : -1;
+  return real ? ::open(real->c_str(), flags | O_NOFOLLOW, fileMode) : -1;
 }
 
 bool NSFileManager::fileExists(std::string_view devicePath) const {
@@ -179,12 +174,6 @@ bool NSFileManager::read(std::string_view devicePath, NSData& contents) const {
 }
 
 bool NSFileManager::write(std::string_view devicePath, const NSData& data, Writing writing) {
-  if (writing == Writing::Plain) {
-    const auto below = pathBelowRoot(devicePath);
-    const Descriptor file(
-        below ? openWithoutLinks(root_.native() + '/' + *below, O_WRONLY | O_CREAT | openFlags) : -1);
-    if (file.isOpen()) return file.replaceContents(data);
-  }
   const auto path = resolve(devicePath);
   std::error_code error;
   const bool isBelowRoot =
@@ -193,5 +182,6 @@ bool NSFileManager::write(std::string_view devicePath, const NSData& data, Writi
   const fs::file_status status = fs::status(*path, error);
   if (fs::exists(status) && !fs::is_regular_file(status)) return false;
   fs::create_directories(path->parent_path(), error);
-  return writing == Writing::Atomic ? writeAtomically(*path, data) : writePlain(*path, data);
+  if (writing == Writing::Atomic) return writeAtomically(*path, data);
+  return Descriptor(open(devicePath, O_WRONLY | O_CREAT | openFlags)).replaceContents(data);
 }

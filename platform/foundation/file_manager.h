@@ -39,7 +39,8 @@ class NSFileManager {
  private:
   /// Relative to the root, without "." and ".."; nothing for what is no path of the device.
   std::optional<std::string> pathBelowRoot(std::string_view devicePath) const;
-  /// The number of a file descriptor, which the caller owns; negative when there is nothing to open.
+  /// The number of a file descriptor, which the caller owns; negative when there is nothing to open. With
+  /// O_CREAT the file is made where its folder is there.
   int open(std::string_view devicePath, int flags) const;
 
   std::filesystem::path root_;

@@ -103,8 +103,10 @@ void Scene::append(Nodes& nodes, const CALayer& layer, const Inherited& inherite
   nodes.list.push_back({.layer = &layer, .serial = layer.serial(), .inherited = inherited, .clip = clip});
   collect(nodes.list[place]);
   if (nodes.list[place].isOpen) {
-    const Node node = nodes.list[place];  // The list may move as others are appended.
-    for (const auto& sublayer : layer.sublayers()) append(nodes, *sublayer, node.inheritance, node.innerClip);
+    // Copies, for the list may move as others are appended.
+    const Inherited inheritance = nodes.list[place].inheritance;
+    const PixelBox innerClip = nodes.list[place].innerClip;
+    for (const auto& sublayer : layer.sublayers()) append(nodes, *sublayer, inheritance, innerClip);
   }
   nodes.list[place].end = nodes.list.size();
 }
